@@ -1,0 +1,45 @@
+# Quorvel quick start:
+#   make run    build (Release) and start the calculator
+#   make test   build and run every test, then again under ASan + UBSan
+
+PACKAGES := g++ make cmake libgtest-dev libgmock-dev libbenchmark-dev
+JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
+BUILD    := build/release
+SANBUILD := build/sanitize
+
+.PHONY: run test deps build build-sanitize bench clean
+
+run: build
+	./$(BUILD)/quorvel --console
+
+test: deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake --build $(BUILD) -j $(JOBS)
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+	cmake -S . -B $(SANBUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_SANITIZE=ON
+	cmake --build $(SANBUILD) -j $(JOBS)
+	cd $(SANBUILD) && ctest --output-on-failure -j $(JOBS)
+
+build: deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake --build $(BUILD) -j $(JOBS)
+
+bench: build
+	./$(BUILD)/bench/quorvel_bench
+
+# Installs the Debian packages the project needs when any is missing.
+deps:
+	@missing=""; for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  if [ "$$(id -u)" -ne 0 ]; then \
+	    echo "Missing packages:$$missing"; \
+	    echo "Run: sudo apt-get update && sudo apt-get install -y$$missing"; \
+	    exit 1; \
+	  fi; \
+	  apt-get update && DEBIAN_FRONTEND=noninteractive apt-get install -y $$missing; \
+	fi
+
+clean:
+	rm -rf build

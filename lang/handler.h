@@ -1,0 +1,86 @@
+// The shape every operation handler follows: pop the operands, resolve
+// variable references, check, and either push one result or restore the list
+// exactly as it was and report why.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+#include "lang/appstate.h"
+#include "lang/item.h"
+#include "lang/report.h"
+
+namespace quorvel {
+
+// The handler refuses its operands: `message` is reported at severity 4 and
+// the operands go back on the list in their old order.
+struct Refusal {
+    std::u16string_view message;
+};
+// The handler succeeded and pushes nothing (assignments, `sto`).
+struct NoResult {};
+
+using Outcome = std::variant<Item, Refusal, NoResult>;
+
+inline constexpr std::u16string_view MissingOperand = u"Missing Operand";
+inline constexpr std::u16string_view InvalidDataType = u"Invalid Data Type";
+
+// Resolves a Variable reference to the variable's own value Item (not a copy);
+// an unknown name reports "Undefined Variable Referenced" and is created with
+// a Null value. Any other Item is returned as it is.
+Item& Resolve(AppState& app, Item& item);
+
+// Pops N operands from `list` (operands[0] = the top, x), resolves each and
+// calls compute(app, operands) with const Item& references in stack order
+// (x first). Missing operands report "Missing Operand" and leave the list as
+// it was.
+template <std::size_t N, class Compute>
+void RunHandler(AppState& app, ItemList& list, Compute&& compute) {
+    static_assert(N >= 1 && N <= 3);
+    std::array<Item, N> popped;
+    for (std::size_t i = 0; i < N; ++i) {
+        auto item = list.pop();
+        if (!item) {
+            while (i > 0) list.push(std::move(popped[--i]));
+            ReportError(app, MissingOperand, Error);
+            return;
+        }
+        popped[i] = std::move(*item);
+    }
+    Outcome outcome = [&]() -> Outcome {
+        if constexpr (N == 1) {
+            return compute(app, std::as_const(Resolve(app, popped[0])));
+        } else if constexpr (N == 2) {
+            Item& x = Resolve(app, popped[0]);
+            Item& y = Resolve(app, popped[1]);
+            return compute(app, std::as_const(x), std::as_const(y));
+        } else {
+            Item& x = Resolve(app, popped[0]);
+            Item& y = Resolve(app, popped[1]);
+            Item& z = Resolve(app, popped[2]);
+            return compute(app, std::as_const(x), std::as_const(y), std::as_const(z));
+        }
+    }();
+    if (auto* refusal = std::get_if<Refusal>(&outcome)) {
+        ReportError(app, refusal->message, Error);
+        for (std::size_t i = N; i > 0; --i) list.push(std::move(popped[i - 1]));
+        return;
+    }
+    if (auto* result = std::get_if<Item>(&outcome)) list.push(std::move(*result));
+}
+
+// One operand x: compute(app, x) -> Outcome.
+template <class Compute>
+void UnaryHandler(AppState& app, ItemList& list, Compute&& compute) {
+    RunHandler<1>(app, list, std::forward<Compute>(compute));
+}
+// Two operands x (top) and y (second): compute(app, x, y) -> Outcome.
+template <class Compute>
+void BinaryHandler(AppState& app, ItemList& list, Compute&& compute) {
+    RunHandler<2>(app, list, std::forward<Compute>(compute));
+}
+
+}  // namespace quorvel

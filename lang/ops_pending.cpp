@@ -1,0 +1,126 @@
+// Keywords whose operation has not been built yet. Each reports
+// "Not Implemented" and leaves the list alone. A handler moves out of this
+// file into its family's file when it is written.
+#include "lang/handlers.h"
+
+#include "lang/appstate.h"
+#include "lang/report.h"
+
+namespace quorvel {
+namespace {
+void notImplemented(AppState& app) { ReportError(app, u"Not Implemented", Error); }
+}  // namespace
+
+void opAbs(AppState& app, ItemList&) { notImplemented(app); }
+void opAcos(AppState& app, ItemList&) { notImplemented(app); }
+void opAcosh(AppState& app, ItemList&) { notImplemented(app); }
+void opAdd(AppState& app, ItemList&) { notImplemented(app); }
+void opAddAssign(AppState& app, ItemList&) { notImplemented(app); }
+void opAi(AppState& app, ItemList&) { notImplemented(app); }
+void opAnd(AppState& app, ItemList&) { notImplemented(app); }
+void opApplyunits(AppState& app, ItemList&) { notImplemented(app); }
+void opAsin(AppState& app, ItemList&) { notImplemented(app); }
+void opAsinh(AppState& app, ItemList&) { notImplemented(app); }
+void opAssign(AppState& app, ItemList&) { notImplemented(app); }
+void opAtan(AppState& app, ItemList&) { notImplemented(app); }
+void opAtan2(AppState& app, ItemList&) { notImplemented(app); }
+void opAtanh(AppState& app, ItemList&) { notImplemented(app); }
+void opBase(AppState& app, ItemList&) { notImplemented(app); }
+void opBern(AppState& app, ItemList&) { notImplemented(app); }
+void opBi(AppState& app, ItemList&) { notImplemented(app); }
+void opBin(AppState& app, ItemList&) { notImplemented(app); }
+void opBrnd(AppState& app, ItemList&) { notImplemented(app); }
+void opCeil(AppState& app, ItemList&) { notImplemented(app); }
+void opCfresnel(AppState& app, ItemList&) { notImplemented(app); }
+void opClear(AppState& app, ItemList&) { notImplemented(app); }
+void opClrmem(AppState& app, ItemList&) { notImplemented(app); }
+void opComb(AppState& app, ItemList&) { notImplemented(app); }
+void opConj(AppState& app, ItemList&) { notImplemented(app); }
+void opConst(AppState& app, ItemList&) { notImplemented(app); }
+void opCos(AppState& app, ItemList&) { notImplemented(app); }
+void opCosh(AppState& app, ItemList&) { notImplemented(app); }
+void opDec(AppState& app, ItemList&) { notImplemented(app); }
+void opDeg(AppState& app, ItemList&) { notImplemented(app); }
+void opDiv(AppState& app, ItemList&) { notImplemented(app); }
+void opDivAssign(AppState& app, ItemList&) { notImplemented(app); }
+void opDrop(AppState& app, ItemList&) { notImplemented(app); }
+void opDup(AppState& app, ItemList&) { notImplemented(app); }
+void opE(AppState& app, ItemList&) { notImplemented(app); }
+void opEqual(AppState& app, ItemList&) { notImplemented(app); }
+void opErf(AppState& app, ItemList&) { notImplemented(app); }
+void opEuler(AppState& app, ItemList&) { notImplemented(app); }
+void opEulergamma(AppState& app, ItemList&) { notImplemented(app); }
+void opExit(AppState& app, ItemList&) { notImplemented(app); }
+void opExp(AppState& app, ItemList&) { notImplemented(app); }
+void opExp10(AppState& app, ItemList&) { notImplemented(app); }
+void opExp2(AppState& app, ItemList&) { notImplemented(app); }
+void opFact(AppState& app, ItemList&) { notImplemented(app); }
+void opFix(AppState& app, ItemList&) { notImplemented(app); }
+void opFloor(AppState& app, ItemList&) { notImplemented(app); }
+void opFp(AppState& app, ItemList&) { notImplemented(app); }
+void opFresnel(AppState& app, ItemList&) { notImplemented(app); }
+void opGamma(AppState& app, ItemList&) { notImplemented(app); }
+void opGauss(AppState& app, ItemList&) { notImplemented(app); }
+void opGreater(AppState& app, ItemList&) { notImplemented(app); }
+void opGreaterEqual(AppState& app, ItemList&) { notImplemented(app); }
+void opHex(AppState& app, ItemList&) { notImplemented(app); }
+void opI(AppState& app, ItemList&) { notImplemented(app); }
+void opIm(AppState& app, ItemList&) { notImplemented(app); }
+void opInf(AppState& app, ItemList&) { notImplemented(app); }
+void opInput(AppState& app, ItemList&) { notImplemented(app); }
+void opInv(AppState& app, ItemList&) { notImplemented(app); }
+void opIp(AppState& app, ItemList&) { notImplemented(app); }
+void opLess(AppState& app, ItemList&) { notImplemented(app); }
+void opLessEqual(AppState& app, ItemList&) { notImplemented(app); }
+void opLn(AppState& app, ItemList&) { notImplemented(app); }
+void opLog10(AppState& app, ItemList&) { notImplemented(app); }
+void opLog2(AppState& app, ItemList&) { notImplemented(app); }
+void opMod(AppState& app, ItemList&) { notImplemented(app); }
+void opMul(AppState& app, ItemList&) { notImplemented(app); }
+void opMulAssign(AppState& app, ItemList&) { notImplemented(app); }
+void opNand(AppState& app, ItemList&) { notImplemented(app); }
+void opNeg(AppState& app, ItemList&) { notImplemented(app); }
+void opNint(AppState& app, ItemList&) { notImplemented(app); }
+void opNor(AppState& app, ItemList&) { notImplemented(app); }
+void opNot(AppState& app, ItemList&) { notImplemented(app); }
+void opNotEqual(AppState& app, ItemList&) { notImplemented(app); }
+void opNothing(AppState& app, ItemList&) { notImplemented(app); }
+void opOct(AppState& app, ItemList&) { notImplemented(app); }
+void opOr(AppState& app, ItemList&) { notImplemented(app); }
+void opPerm(AppState& app, ItemList&) { notImplemented(app); }
+void opPi(AppState& app, ItemList&) { notImplemented(app); }
+void opPop(AppState& app, ItemList&) { notImplemented(app); }
+void opPow(AppState& app, ItemList&) { notImplemented(app); }
+void opPrint(AppState& app, ItemList&) { notImplemented(app); }
+void opPush(AppState& app, ItemList&) { notImplemented(app); }
+void opRad(AppState& app, ItemList&) { notImplemented(app); }
+void opRcl(AppState& app, ItemList&) { notImplemented(app); }
+void opRe(AppState& app, ItemList&) { notImplemented(app); }
+void opRed(AppState& app, ItemList&) { notImplemented(app); }
+void opRemunits(AppState& app, ItemList&) { notImplemented(app); }
+void opRoll(AppState& app, ItemList&) { notImplemented(app); }
+void opRot(AppState& app, ItemList&) { notImplemented(app); }
+void opSci(AppState& app, ItemList&) { notImplemented(app); }
+void opSfresnel(AppState& app, ItemList&) { notImplemented(app); }
+void opShift(AppState& app, ItemList&) { notImplemented(app); }
+void opSin(AppState& app, ItemList&) { notImplemented(app); }
+void opSinc(AppState& app, ItemList&) { notImplemented(app); }
+void opSinh(AppState& app, ItemList&) { notImplemented(app); }
+void opSqr(AppState& app, ItemList&) { notImplemented(app); }
+void opSqrt(AppState& app, ItemList&) { notImplemented(app); }
+void opStd(AppState& app, ItemList&) { notImplemented(app); }
+void opSto(AppState& app, ItemList&) { notImplemented(app); }
+void opSub(AppState& app, ItemList&) { notImplemented(app); }
+void opSubAssign(AppState& app, ItemList&) { notImplemented(app); }
+void opSwap(AppState& app, ItemList&) { notImplemented(app); }
+void opTan(AppState& app, ItemList&) { notImplemented(app); }
+void opTanh(AppState& app, ItemList&) { notImplemented(app); }
+void opUniform(AppState& app, ItemList&) { notImplemented(app); }
+void opUnit(AppState& app, ItemList&) { notImplemented(app); }
+void opWsize(AppState& app, ItemList&) { notImplemented(app); }
+void opXnor(AppState& app, ItemList&) { notImplemented(app); }
+void opXor(AppState& app, ItemList&) { notImplemented(app); }
+void opY(AppState& app, ItemList&) { notImplemented(app); }
+void opZ(AppState& app, ItemList&) { notImplemented(app); }
+
+}  // namespace quorvel
