@@ -27,6 +27,13 @@ public:
     // looked at; returns nullptr only without `create` when nothing is found
     // (or with no frame at all).
     Variable* FindVariable(std::u16string_view name, bool create);
+    // Looks a name up from the newest frame to the oldest without creating it.
+    const Variable* FindExisting(std::u16string_view name) const {
+        for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame)
+            for (const Variable& variable : frame->variables)
+                if (variable.name == name) return &variable;
+        return nullptr;
+    }
     // Appends a new empty frame (the newest).
     void PushFrame() { frames_.emplace_back(); }
     // Removes and destroys the newest frame, if any.
