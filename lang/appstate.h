@@ -50,9 +50,11 @@ struct AppState {
 
 // Sets Digits as the `std` command does: 0 is ignored; above 1000 stores 1000
 // and reports "Digits Limited to 1000" (severity 3); the working length
-// becomes Digits / 2 + 8.
+// becomes Digits / 2 + 8. A negative count is kept as given (-4 gives length
+// 6); a length the formula puts below 2 bytes is held at 2.
 void SetDigits(AppState& app, int32_t digits);
-// The working length the settings loader derives: Digits / 2 + Digits / 100 + 8.
+// The working length the settings loader derives: Digits / 2 + Digits / 100 + 8
+// (at least 2). Never reports.
 int32_t StartupWorkingLength(int32_t digits);
 
 }  // namespace quorvel

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace quorvel {
@@ -35,8 +36,16 @@ const KeywordEntry* FindWord(std::u16string_view name);
 // First operator row, in stored order, whose symbol is a prefix of `text`
 // (case ignored); nullptr when none matches.
 const KeywordEntry* FindOperator(std::u16string_view text);
+// Number of rows in the table (terminators not counted).
+inline constexpr int KeywordCount = 127;
+
+// Every row in stored order, bucket by bucket (the operator bucket in its
+// longest-match order). Never reports.
+std::span<const KeywordEntry> KeywordRows();
+
 // The row of a primary name (first match in any bucket); for code that needs a
-// particular row, such as `neg` or `applyunits`.
+// particular row, such as `neg` or `applyunits`. A name that is no row is a
+// programming error and aborts.
 const KeywordEntry& KeywordRow(std::u16string_view name);
 
 }  // namespace quorvel

@@ -25,7 +25,8 @@ public:
     // Searches from the newest frame to the oldest. With `create`, a name not
     // in the newest frame is made there (a local) before older frames are
     // looked at; returns nullptr only without `create` when nothing is found
-    // (or with no frame at all).
+    // (or with no frame at all). The Variable pointer is valid until another
+    // variable is made in its frame; its value Item stays put until PopFrame.
     Variable* FindVariable(std::u16string_view name, bool create);
     // Looks a name up from the newest frame to the oldest without creating it.
     const Variable* FindExisting(std::u16string_view name) const {
