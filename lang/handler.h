@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <variant>
 
@@ -33,6 +34,31 @@ inline constexpr std::u16string_view InvalidDataType = u"Invalid Data Type";
 // a Null value. Any other Item is returned as it is.
 Item& Resolve(AppState& app, Item& item);
 
+// Pops N Items from `list` into `popped` (popped[0] = the top). With fewer
+// than N entries the ones taken go back, `message` is reported at `severity`
+// and false is returned: the list is as it was. Resolves nothing.
+template <std::size_t N>
+bool PopOperands(AppState& app, ItemList& list, std::array<Item, N>& popped,
+                 std::u16string_view message = MissingOperand, int severity = Error) {
+    for (std::size_t i = 0; i < N; ++i) {
+        auto item = list.pop();
+        if (!item) {
+            while (i > 0) list.push(std::move(popped[--i]));
+            ReportError(app, message, severity);
+            return false;
+        }
+        popped[i] = std::move(*item);
+    }
+    return true;
+}
+
+// Pushes operands taken by PopOperands back in reverse order of popping, so
+// the list is exactly as it was before.
+template <std::size_t N>
+void PushBack(ItemList& list, std::array<Item, N>& popped) {
+    for (std::size_t i = N; i > 0; --i) list.push(std::move(popped[i - 1]));
+}
+
 // Pops N operands from `list` (operands[0] = the top, x), resolves each and
 // calls compute(app, operands) with const Item& references in stack order
 // (x first). Missing operands report "Missing Operand" and leave the list as
@@ -41,15 +67,7 @@ template <std::size_t N, class Compute>
 void RunHandler(AppState& app, ItemList& list, Compute&& compute) {
     static_assert(N >= 1 && N <= 3);
     std::array<Item, N> popped;
-    for (std::size_t i = 0; i < N; ++i) {
-        auto item = list.pop();
-        if (!item) {
-            while (i > 0) list.push(std::move(popped[--i]));
-            ReportError(app, MissingOperand, Error);
-            return;
-        }
-        popped[i] = std::move(*item);
-    }
+    if (!PopOperands(app, list, popped)) return;
     Outcome outcome = [&]() -> Outcome {
         if constexpr (N == 1) {
             return compute(app, std::as_const(Resolve(app, popped[0])));
@@ -66,7 +84,7 @@ void RunHandler(AppState& app, ItemList& list, Compute&& compute) {
     }();
     if (auto* refusal = std::get_if<Refusal>(&outcome)) {
         ReportError(app, refusal->message, Error);
-        for (std::size_t i = N; i > 0; --i) list.push(std::move(popped[i - 1]));
+        PushBack(list, popped);
         return;
     }
     if (auto* result = std::get_if<Item>(&outcome)) list.push(std::move(*result));

@@ -11,7 +11,6 @@ namespace {
 void notImplemented(AppState& app) { ReportError(app, u"Not Implemented", Error); }
 }  // namespace
 
-void opAbs(AppState& app, ItemList&) { notImplemented(app); }
 void opAcos(AppState& app, ItemList&) { notImplemented(app); }
 void opAcosh(AppState& app, ItemList&) { notImplemented(app); }
 void opAdd(AppState& app, ItemList&) { notImplemented(app); }
@@ -32,7 +31,6 @@ void opBin(AppState& app, ItemList&) { notImplemented(app); }
 void opBrnd(AppState& app, ItemList&) { notImplemented(app); }
 void opCeil(AppState& app, ItemList&) { notImplemented(app); }
 void opCfresnel(AppState& app, ItemList&) { notImplemented(app); }
-void opClear(AppState& app, ItemList&) { notImplemented(app); }
 void opClrmem(AppState& app, ItemList&) { notImplemented(app); }
 void opComb(AppState& app, ItemList&) { notImplemented(app); }
 void opConj(AppState& app, ItemList&) { notImplemented(app); }
@@ -43,8 +41,6 @@ void opDec(AppState& app, ItemList&) { notImplemented(app); }
 void opDeg(AppState& app, ItemList&) { notImplemented(app); }
 void opDiv(AppState& app, ItemList&) { notImplemented(app); }
 void opDivAssign(AppState& app, ItemList&) { notImplemented(app); }
-void opDrop(AppState& app, ItemList&) { notImplemented(app); }
-void opDup(AppState& app, ItemList&) { notImplemented(app); }
 void opE(AppState& app, ItemList&) { notImplemented(app); }
 void opEqual(AppState& app, ItemList&) { notImplemented(app); }
 void opErf(AppState& app, ItemList&) { notImplemented(app); }
@@ -79,12 +75,10 @@ void opMod(AppState& app, ItemList&) { notImplemented(app); }
 void opMul(AppState& app, ItemList&) { notImplemented(app); }
 void opMulAssign(AppState& app, ItemList&) { notImplemented(app); }
 void opNand(AppState& app, ItemList&) { notImplemented(app); }
-void opNeg(AppState& app, ItemList&) { notImplemented(app); }
 void opNint(AppState& app, ItemList&) { notImplemented(app); }
 void opNor(AppState& app, ItemList&) { notImplemented(app); }
 void opNot(AppState& app, ItemList&) { notImplemented(app); }
 void opNotEqual(AppState& app, ItemList&) { notImplemented(app); }
-void opNothing(AppState& app, ItemList&) { notImplemented(app); }
 void opOct(AppState& app, ItemList&) { notImplemented(app); }
 void opOr(AppState& app, ItemList&) { notImplemented(app); }
 void opPerm(AppState& app, ItemList&) { notImplemented(app); }
@@ -98,7 +92,6 @@ void opRcl(AppState& app, ItemList&) { notImplemented(app); }
 void opRe(AppState& app, ItemList&) { notImplemented(app); }
 void opRed(AppState& app, ItemList&) { notImplemented(app); }
 void opRemunits(AppState& app, ItemList&) { notImplemented(app); }
-void opRoll(AppState& app, ItemList&) { notImplemented(app); }
 void opRot(AppState& app, ItemList&) { notImplemented(app); }
 void opSci(AppState& app, ItemList&) { notImplemented(app); }
 void opSfresnel(AppState& app, ItemList&) { notImplemented(app); }
@@ -112,7 +105,6 @@ void opStd(AppState& app, ItemList&) { notImplemented(app); }
 void opSto(AppState& app, ItemList&) { notImplemented(app); }
 void opSub(AppState& app, ItemList&) { notImplemented(app); }
 void opSubAssign(AppState& app, ItemList&) { notImplemented(app); }
-void opSwap(AppState& app, ItemList&) { notImplemented(app); }
 void opTan(AppState& app, ItemList&) { notImplemented(app); }
 void opTanh(AppState& app, ItemList&) { notImplemented(app); }
 void opUniform(AppState& app, ItemList&) { notImplemented(app); }
@@ -120,7 +112,5 @@ void opUnit(AppState& app, ItemList&) { notImplemented(app); }
 void opWsize(AppState& app, ItemList&) { notImplemented(app); }
 void opXnor(AppState& app, ItemList&) { notImplemented(app); }
 void opXor(AppState& app, ItemList&) { notImplemented(app); }
-void opY(AppState& app, ItemList&) { notImplemented(app); }
-void opZ(AppState& app, ItemList&) { notImplemented(app); }
 
 }  // namespace quorvel
