@@ -3,7 +3,7 @@
 
 #include "lang/handler.h"
 #include "lang/handlers.h"
-#include "lang/wordsize.h"
+#include "lang/ops_values.h"
 
 namespace quorvel {
 
@@ -49,11 +49,8 @@ void opAbs(AppState& app, ItemList& list) {
 void opNeg(AppState& app, ItemList& list) {
     UnaryHandler(app, list, [](AppState& state, const Item& x) -> Outcome {
         switch (x.type) {
-            case ItemType::Integer: {
-                Item result = Item::integer(withSignChanged(x.asInteger()), x.units);
-                ReduceIntegerResult(state, result);
-                return result;
-            }
+            case ItemType::Integer:
+                return IntegerResult(state, withSignChanged(x.asInteger()), x.units);
             case ItemType::Real:
                 return Item::real(withSignChanged(x.asReal()), x.units);
             case ItemType::Complex: {
