@@ -59,6 +59,19 @@ void PushBack(ItemList& list, std::array<Item, N>& popped) {
     for (std::size_t i = N; i > 0; --i) list.push(std::move(popped[i - 1]));
 }
 
+// The last step of every handler: a Refusal is reported at severity 4 and the
+// popped operands go back in their old order; an Item result is pushed (the
+// operands are destroyed); NoResult pushes nothing.
+template <std::size_t N>
+void FinishHandler(AppState& app, ItemList& list, std::array<Item, N>& popped, Outcome outcome) {
+    if (auto* refusal = std::get_if<Refusal>(&outcome)) {
+        ReportError(app, refusal->message, Error);
+        PushBack(list, popped);
+        return;
+    }
+    if (auto* result = std::get_if<Item>(&outcome)) list.push(std::move(*result));
+}
+
 // Pops N operands from `list` (operands[0] = the top, x), resolves each and
 // calls compute(app, operands) with const Item& references in stack order
 // (x first). Missing operands report "Missing Operand" and leave the list as
@@ -82,12 +95,21 @@ void RunHandler(AppState& app, ItemList& list, Compute&& compute) {
             return compute(app, std::as_const(x), std::as_const(y), std::as_const(z));
         }
     }();
-    if (auto* refusal = std::get_if<Refusal>(&outcome)) {
-        ReportError(app, refusal->message, Error);
-        PushBack(list, popped);
-        return;
-    }
-    if (auto* result = std::get_if<Item>(&outcome)) list.push(std::move(*result));
+    FinishHandler(app, list, popped, std::move(outcome));
+}
+
+// Pops N operands from `list` (the top first) and calls compute(app, x[, y[, z]])
+// with the popped Items as they are (Item&, Variable references unresolved),
+// for handlers that treat a reference as a name (assignments, `pop`, `sto`,
+// `rcl`, `print`, `input`); compute resolves what it reads with Resolve().
+// Missing operands, refusals and results are handled as by RunHandler.
+template <std::size_t N, class Compute>
+void RunHandlerUnresolved(AppState& app, ItemList& list, Compute&& compute) {
+    static_assert(N >= 1 && N <= 3);
+    std::array<Item, N> popped;
+    if (!PopOperands(app, list, popped)) return;
+    Outcome outcome = std::apply([&](auto&... operands) -> Outcome { return compute(app, operands...); }, popped);
+    FinishHandler(app, list, popped, std::move(outcome));
 }
 
 // One operand x: compute(app, x) -> Outcome.

@@ -28,6 +28,13 @@ public:
     // True when called on the console reader's thread: its messages of
     // severity 2 and above go to the console as lines.
     virtual bool onConsoleThread() const { return false; }
+    // Opens the console when the host has one that is closed (`print` and
+    // `input` call it before using the console). The default does nothing.
+    virtual void openConsole() {}
+    // Ends the console session (`exit` typed while it is open, after the
+    // console-open flag is cleared): the reader stops after its current line.
+    // The default does nothing.
+    virtual void closeConsole() {}
     // Writes one line to the console.
     virtual void consoleWrite(std::u16string_view line) = 0;
     // Reads one line from the console after showing `prompt`; none at end of input.
