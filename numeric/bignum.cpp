@@ -1,4 +1,5 @@
 // BigNum construction, length changes, addition and subtraction.
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
@@ -117,7 +118,7 @@ BigNum subtractMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8
 
 BigNum makeZero(int32_t length) {
     BigNum r;
-    r.digits.assign(static_cast<size_t>(atLeastTwo(length)), 0);
+    r.digits.assign(static_cast<std::size_t>(atLeastTwo(length)), 0);
     return r;
 }
 
@@ -159,7 +160,7 @@ BigNum fromInt(int32_t length, int32_t value) {
 BigNum resized(const BigNum& a, int32_t newLength) {
     const int32_t length = atLeastTwo(newLength);
     BigNum r;
-    r.digits.assign(static_cast<size_t>(length), 0);
+    r.digits.assign(static_cast<std::size_t>(length), 0);
     r.exponent = a.exponent;
     r.sign = a.sign;
     r.kind = a.kind;

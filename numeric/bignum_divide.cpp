@@ -1,0 +1,202 @@
+// BigNum division: non-restoring long division, one decimal quotient digit per
+// step, estimated from the leading digits of the remainder and the divisor.
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "numeric/bignum.h"
+#include "numeric/bignum_detail.h"
+
+namespace quorvel {
+
+using bignum_detail::digitFromBottom;
+using bignum_detail::incrementExponent;
+using bignum_detail::wrapsInt32;
+
+namespace {
+
+// Adds (sign > 0) or subtracts value x 10^position (from the bottom) in a byte
+// array, carrying or borrowing upward; nothing leaves the top.
+void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int sign) {
+    std::size_t i = static_cast<std::size_t>(position / 2);
+    int delta = value * ((position % 2 == 0) ? 1 : 10);
+    while (delta != 0 && i < bytes.size()) {
+        int v = bytes[i] + (sign > 0 ? delta : -delta);
+        delta = 0;
+        if (v >= 100) {
+            delta = v / 100;
+            v %= 100;
+        } else if (v < 0) {
+            delta = (-v + 99) / 100;
+            v += delta * 100;
+        }
+        bytes[i] = static_cast<uint8_t>(v);
+        ++i;
+    }
+}
+
+// The quotient digit estimate from a leading remainder value r and the
+// divisor's top pair d: the mean of the upper bound (r + 1) div d + 1 and the
+// lower bound r div (d + 1).
+int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
+
+}  // namespace
+
+BigNum divide(const BigNum& a, const BigNum& b) {
+    const int32_t length = a.length() > b.length() ? a.length() : b.length();
+    if (a.isNaN() || b.isNaN()) return makeNaN();
+    if (b.isZero()) {
+        BigNum r = makeZero(length);
+        r.kind = NumKind::NaN;
+        if (a.isZero()) {
+            // 0 / 0 keeps a mantissa of 1 (d1 = 1) and sign 1.
+            r.digits[length - 1] = 10;
+            r.sign = 1;
+        }
+        return r;
+    }
+    const int8_t sign = static_cast<int8_t>(a.sign * b.sign);
+    if (a.isInfinite()) {
+        if (b.isInfinite()) return makeNaN();
+        return makeInfinity(length, sign);
+    }
+    if (b.isInfinite() || a.isZero()) return makeZero(length);
+    const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
+    if (wrapsInt32(exponent)) return makeInfinity(length, sign);
+
+    // The running remainder: the dividend's magnitude in a window of length + 2
+    // bytes topped by one headroom byte (index n). Window digit t counted from
+    // the top (0 = the dividend's d1) is bottom position 2n - 1 - t.
+    const int32_t n = length + 2;
+    const int32_t la = a.length();
+    const int32_t lb = b.length();
+    std::vector<uint8_t> rem(static_cast<std::size_t>(n) + 1, 0);
+    for (int32_t k = 0; k < la; ++k) rem[n - 1 - k] = a.digits[la - 1 - k];
+    const auto remDigit = [&](int64_t t) {
+        return digitFromBottom(rem.data(), n + 1, 2 * static_cast<int64_t>(n) - 1 - t);
+    };
+
+    // q x divisor for q = 1..9, as is and times ten (for odd alignments), each
+    // in lb + 1 bytes.
+    const int32_t width = lb + 1;
+    std::vector<uint8_t> multiples(static_cast<std::size_t>(18) * width, 0);
+    for (int q = 1; q <= 9; ++q) {
+        uint8_t* m = &multiples[static_cast<std::size_t>(q - 1) * width];
+        uint8_t* m10 = &multiples[static_cast<std::size_t>(q + 8) * width];
+        int carry = 0;
+        for (int32_t k = 0; k < width; ++k) {
+            const int v = (k < lb ? b.digits[k] * q : 0) + carry;
+            m[k] = static_cast<uint8_t>(v % 100);
+            carry = v / 100;
+        }
+        for (int32_t k = 0; k < width; ++k) {
+            m10[k] = static_cast<uint8_t>((m[k] % 10) * 10 + (k > 0 ? m[k - 1] / 10 : 0));
+        }
+    }
+    const int divisorTop = b.digits[lb - 1];
+
+    // The quotient in length bytes plus one overflow byte above d1; quotient
+    // digit s counted from the top is bottom position 2 * length - 1 - s.
+    // Digits s = 2L and 2L + 1 go to the correction pair instead.
+    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
+    const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
+    int correction = 0;
+    int remSign = 1;
+    int32_t topIndex = n;
+    const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
+    for (int64_t step = 0; step < stepLimit; ++step) {
+        while (topIndex >= 0 && rem[topIndex] == 0) --topIndex;
+        if (topIndex < 0) break;   // exact
+        const int64_t t = 2 * static_cast<int64_t>(n - 1 - topIndex) + (rem[topIndex] < 10 ? 1 : 0);
+        if (t > lastDigit + 1) break;   // more than 2L digits below the start
+        const int lead = remDigit(t) * 10 + remDigit(t + 1);
+        int q = estimateDigit(lead, divisorTop);
+        int64_t s = t;
+        if (q < 1) {
+            q = estimateDigit(lead * 10 + remDigit(t + 2), divisorTop);
+            if (q < 1) q = 1;
+            if (q > 9) q = 9;
+            s = t + 1;
+        } else if (q > 9) {
+            q = 9;
+        }
+        // Subtract q x divisor with its d1 at window digit s from the magnitude.
+        const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
+        const bool odd = (shift % 2) != 0;
+        const int64_t offset = (odd ? shift - 1 : shift) / 2;   // exact division
+        const uint8_t* m = &multiples[static_cast<std::size_t>(odd ? q + 8 : q - 1) * width];
+        int64_t idx = offset < 0 ? 0 : offset;
+        const int64_t mEnd = offset + width;   // one past the multiple's top byte
+        int borrow = 0;
+        for (; idx <= n; ++idx) {
+            const int sub = idx < mEnd ? m[idx - offset] : 0;
+            if (sub == 0 && borrow == 0 && idx >= mEnd) break;
+            int v = rem[idx] - sub - borrow;
+            borrow = 0;
+            if (v < 0) {
+                v += 100;
+                borrow = 1;
+            }
+            rem[idx] = static_cast<uint8_t>(v);
+        }
+        const int before = remSign;
+        if (borrow != 0) {
+            // Crossed zero: take the magnitude back (hundreds' complement).
+            int carry = 1;
+            for (int32_t k = 0; k <= n; ++k) {
+                const int v = 99 - rem[k] + carry;
+                rem[k] = static_cast<uint8_t>(v % 100);
+                carry = v / 100;
+            }
+            remSign = -remSign;
+        }
+        if (s <= lastDigit) {
+            addSignedAt(quotient, q, lastDigit - s, before);
+        } else {
+            correction += before * q * (s == lastDigit + 1 ? 10 : 1);
+        }
+    }
+
+    while (correction < 0) {
+        addSignedAt(quotient, 1, 0, -1);
+        correction += 100;
+    }
+    while (correction >= 100) {
+        addSignedAt(quotient, 1, 0, 1);
+        correction -= 100;
+    }
+    BigNum r = makeZero(length);
+    for (int32_t k = 0; k < length; ++k) r.digits[k] = quotient[k];
+    r.exponent = static_cast<int32_t>(exponent);
+    r.sign = sign;
+    int overflow = quotient[length];
+    if (overflow != 0) {
+        // Not reached for normalised operands (their mantissa ratio is below 10);
+        // kept safe by shifting the excess in like a carry out of the top.
+        int guard = correction;
+        while (overflow != 0) {
+            guard = (r.digits[0] % 10) * 10 + guard / 10;
+            shiftRightOneDigit(r, overflow % 10);
+            if (!incrementExponent(r)) return r;
+            overflow /= 10;
+        }
+        normalize(r, guard);
+    } else if (r.digits[length - 1] < 10) {
+        // Leading zeros are shifted out with the correction digits fed in
+        // (normalize also rounds on the correction's last digit after a
+        // one-digit shift); no other rounding then.
+        normalize(r, correction);
+    } else if (correction > 50) {
+        // Rounds up only when the final remainder pair exceeds 50: exactly 50
+        // rounds down.
+        addAtDigit(r, 1, 0);
+    }
+    return r;
+}
+
+void divideInPlace(BigNum& a, const BigNum& b) {
+    BigNum r = divide(a, b);
+    assign(a, r);
+}
+
+}  // namespace quorvel
