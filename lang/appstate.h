@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "lang/functions.h"
 #include "lang/item.h"
 #include "lang/variables.h"
 
@@ -37,6 +38,7 @@ struct AppState {
     int keptSeverity = 0;               // severity of the message now shown
     std::vector<Memory> memories;       // in order of creation
     VariableStore variables;            // global frame made at construction
+    FunctionStore functions;            // user-defined functions, by name
     bool exitRequested = false;
     bool consoleOpen = false;
     std::atomic<bool> abortFlag{false};
