@@ -38,10 +38,12 @@ BigInt multiply(const BigInt& a, const BigInt& b);
 // Division by zero gives std::nullopt.
 struct BigIntDivision { BigInt quotient; BigInt remainder; };
 std::optional<BigIntDivision> divideWithRemainder(const BigInt& a, const BigInt& b);
-// Divides |n| in place by a small divisor (1..65535) and returns the remainder
-// of the magnitude; the sign is kept unless the quotient becomes zero.
+// Divides |n| in place by a small divisor (1..65535; any nonzero 32-bit value
+// works) and returns the remainder of the magnitude; the sign is kept unless the
+// quotient becomes zero. A divisor of 0 leaves n alone and returns 0.
 uint32_t divideSmallInPlace(BigInt& n, uint32_t divisor);
-// Multiplies |n| in place by a small factor and adds a small addend (magnitudes).
+// Multiplies |n| in place by a small factor and adds a small addend (magnitudes);
+// a zero n that becomes nonzero gets sign +1, a result of zero gets sign 0.
 void multiplySmallAddInPlace(BigInt& n, uint32_t factor, uint32_t addend);
 // -1, 0 or 1 ordering a against b.
 int compare(const BigInt& a, const BigInt& b);
