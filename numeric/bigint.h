@@ -52,6 +52,7 @@ int compareMagnitude(const BigInt& a, const BigInt& b);
 // a + value and a - value for a small signed value.
 BigInt addSmall(const BigInt& a, int32_t value);
 BigInt subtractSmall(const BigInt& a, int32_t value);
+// -a (zero stays sign 0) and |a|.
 BigInt negated(BigInt a);
 BigInt absolute(BigInt a);
 

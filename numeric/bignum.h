@@ -102,13 +102,15 @@ BigNum squareRoot(const BigNum& a);
 
 // --- Integer conversions -----------------------------------------------------
 
+// Integer parts; infinity and NaN give 0.
 BigInt toInteger(const BigNum& a);        // truncated toward zero
 BigInt floorToInteger(const BigNum& a);
 BigInt ceilToInteger(const BigNum& a);
 BigInt roundToInteger(const BigNum& a);   // halves away from zero
 // Clears the fraction digits in place (zero when |a| < 1).
 void truncateInPlace(BigNum& a);
-// The digits after the decimal point, with a's sign, normalised.
+// The digits after the decimal point, with a's sign, normalised; infinity
+// gives zero, NaN a NaN with a zero mantissa.
 BigNum fractionPart(const BigNum& a);
 
 // --- Constants (computed by the mathematics library) -------------------------

@@ -122,7 +122,7 @@ BigNum ParseReal(int32_t limbs, std::u16string_view text) {
 BigInt ParseInteger(std::u16string_view text, int16_t base) {
     BigInt n;
     if (base >= 2) {
-        const double capacity = 3 + std::trunc(static_cast<double>(text.size()) * std::log(double{base}) * LimbsPerLogUnit);
+        const double capacity = 3 + std::trunc(static_cast<double>(text.size()) * std::log(static_cast<double>(base)) * LimbsPerLogUnit);
         n.limbs.reserve(static_cast<size_t>(capacity));
     }
     size_t i = 0;
@@ -203,7 +203,8 @@ bool BigNumToDouble(const BigNum& x, double& out) {
     double acc = 0.0;
     for (uint8_t pair : x.digits) acc = acc * 0.01 + pair;
     if (x.exponent > 307) return false;
-    out = x.exponent >= -308 ? std::pow(10.0, x.exponent) * acc * 0.1 : 0.0;
+    // acc is d1d2.d3...; scaling it to d1.d2... first keeps 9.9e307 finite.
+    out = x.exponent >= -308 ? std::pow(10.0, x.exponent) * (acc * 0.1) : 0.0;
     if (x.sign < 0) out = -out;
     return true;
 }

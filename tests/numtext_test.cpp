@@ -383,6 +383,7 @@ TEST(FormatInteger, BasesAndLeadingZeroBeforeALetter) {
     EXPECT_EQ(showInt(0x1F, 16, 0), "1F");
     EXPECT_EQ(showInt(35, 36, 0), "0Z");
     EXPECT_EQ(showInt(INT32_MIN, 10, Plain), "-2147483648");
+    EXPECT_EQ(showInt(1234, 1, 0), "1234");   // a base below 2 counts as 10
 }
 
 // --- BigNumToDouble and UTF-8 -----------------------------------------------------
@@ -399,10 +400,19 @@ TEST(BigNumToDouble, ConvertsOrdinaryValues) {
     EXPECT_EQ(out, 0.0);
 }
 
+TEST(BigNumToDouble, NaNGivesNaN) {
+    double out = 0;
+    EXPECT_TRUE(BigNumToDouble(makeNaN(), out));
+    EXPECT_TRUE(std::isnan(out));
+}
+
 TEST(BigNumToDouble, ExponentAbove307IsTooLarge) {
     double out = 7;
     EXPECT_TRUE(BigNumToDouble(num(u"1E307"), out));
     EXPECT_NEAR(out / 1e307, 1.0, 1e-12);
+    EXPECT_TRUE(BigNumToDouble(num(u"9.9E307"), out));
+    EXPECT_TRUE(std::isfinite(out));
+    EXPECT_NEAR(out / 9.9e307, 1.0, 1e-12);
     EXPECT_FALSE(BigNumToDouble(num(u"1E308"), out));
     EXPECT_FALSE(BigNumToDouble(makeInfinity(4, 1), out));
 }
