@@ -91,9 +91,9 @@ protected:
 
     // The message strip shows `text` at `severity`.
     ::testing::AssertionResult shows(std::u16string_view text, int severity = Error) const {
-        if (host.shownText() != text || host.shownSeverity() != severity)
-            return ::testing::AssertionFailure() << "shows \"" << toUtf8(host.shownText()) << "\" at "
-                                                 << host.shownSeverity();
+        if (watched->shownText() != text || watched->shownSeverity() != severity)
+            return ::testing::AssertionFailure() << "shows \"" << toUtf8(watched->shownText()) << "\" at "
+                                                 << watched->shownSeverity();
         return ::testing::AssertionSuccess();
     }
 
@@ -108,6 +108,7 @@ protected:
 
     AppState app;
     RecordingHost host;
+    RecordingHost* watched = &host;   // the host whose message strip shows() reads
 };
 
 }  // namespace quorvel::test
