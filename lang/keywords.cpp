@@ -266,7 +266,7 @@ constexpr bool wordsLowerCase() {
 
 constexpr bool rowFieldsValid() {
     for (const KeywordEntry& row : Table) {
-        if (row.handler == nullptr || length(row.name) == 0) return false;
+        if (length(row.name) == 0) return false;   // handlers are named functions, never null
         if (row.tokenId < 1 || row.tokenId > 119 || row.tokenId == 79) return false;
         if (row.flags > 0xFFFF) return false;
         const int precedence = row.precedence();

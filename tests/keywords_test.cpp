@@ -124,7 +124,7 @@ TEST(KeywordTableTest, OperatorsAreStoredLongestMatchFirst) {
     EXPECT_EQ(symbols, expected);
 }
 
-TEST(KeywordTableTest, TheSpecialTokenIdsNameTheirRows) {
+TEST(KeywordTableTest, TheTokenIdsComparedOutsideTheHandlersNameTheirRows) {
     EXPECT_EQ(FindOperator(u"+")->tokenId, TokenAdd);
     EXPECT_EQ(FindWord(u"add")->tokenId, TokenAdd);
     EXPECT_EQ(FindOperator(u"-")->tokenId, TokenSub);
