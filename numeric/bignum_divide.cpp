@@ -69,7 +69,6 @@ BigNum divide(const BigNum& a, const BigNum& b) {
     // the top (0 = the dividend's d1) is bottom position 2n - 1 - t.
     const int32_t n = length + 2;
     const int32_t la = a.length();
-    const int32_t lb = b.length();
     std::vector<uint8_t> rem(static_cast<std::size_t>(n) + 1, 0);
     for (int32_t k = 0; k < la; ++k) rem[n - 1 - k] = a.digits[la - 1 - k];
     const auto remDigit = [&](int64_t t) {
@@ -77,7 +76,12 @@ BigNum divide(const BigNum& a, const BigNum& b) {
     };
 
     // q x divisor for q = 1..9, as is and times ten (for odd alignments), each
-    // in lb + 1 bytes.
+    // in lb + 1 bytes. The divisor's low zero bytes are left out: they change
+    // nothing but the work per step (dividing by a small integer stays cheap).
+    int32_t lowZeros = 0;
+    while (b.digits[lowZeros] == 0) ++lowZeros;   // stops: the top byte is nonzero
+    const uint8_t* divisor = b.digits.data() + lowZeros;
+    const int32_t lb = b.length() - lowZeros;
     const int32_t width = lb + 1;
     std::vector<uint8_t> multiples(static_cast<std::size_t>(18) * width, 0);
     for (int q = 1; q <= 9; ++q) {
@@ -85,7 +89,7 @@ BigNum divide(const BigNum& a, const BigNum& b) {
         uint8_t* m10 = &multiples[static_cast<std::size_t>(q + 8) * width];
         int carry = 0;
         for (int32_t k = 0; k < width; ++k) {
-            const int v = (k < lb ? b.digits[k] * q : 0) + carry;
+            const int v = (k < lb ? divisor[k] * q : 0) + carry;
             m[k] = static_cast<uint8_t>(v % 100);
             carry = v / 100;
         }
@@ -93,7 +97,7 @@ BigNum divide(const BigNum& a, const BigNum& b) {
             m10[k] = static_cast<uint8_t>((m[k] % 10) * 10 + (k > 0 ? m[k - 1] / 10 : 0));
         }
     }
-    const int divisorTop = b.digits[lb - 1];
+    const int divisorTop = divisor[lb - 1];
 
     // The quotient in length bytes plus one overflow byte above d1; quotient
     // digit s counted from the top is bottom position 2 * length - 1 - s.
@@ -125,28 +129,46 @@ BigNum divide(const BigNum& a, const BigNum& b) {
         const bool odd = (shift % 2) != 0;
         const int64_t offset = (odd ? shift - 1 : shift) / 2;   // exact division
         const uint8_t* m = &multiples[static_cast<std::size_t>(odd ? q + 8 : q - 1) * width];
-        int64_t idx = offset < 0 ? 0 : offset;
-        const int64_t mEnd = offset + width;   // one past the multiple's top byte
-        int borrow = 0;
-        for (; idx <= n; ++idx) {
-            const int sub = idx < mEnd ? m[idx - offset] : 0;
-            if (sub == 0 && borrow == 0 && idx >= mEnd) break;
-            int v = rem[idx] - sub - borrow;
-            borrow = 0;
-            if (v < 0) {
-                v += 100;
-                borrow = 1;
+        const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
+        const int64_t top = offset + width - 1;   // the multiple's top byte in the window
+        const int32_t high = top < n ? static_cast<int32_t>(top) : n;
+        uint8_t* window = rem.data();
+        // Which is larger, the remainder's magnitude or q x divisor? Decided
+        // from the top, nearly always within a byte or two.
+        int order = 0;
+        for (int32_t idx = topIndex > high ? topIndex : high; idx >= low; --idx) {
+            const int w = window[idx];
+            const int t = idx <= high ? m[idx - offset] : 0;
+            if (w != t) {
+                order = w > t ? 1 : -1;
+                break;
             }
-            rem[idx] = static_cast<uint8_t>(v);
+        }
+        for (int32_t idx = 0; order == 0 && idx < low; ++idx) {
+            if (window[idx] != 0) order = 1;
         }
         const int before = remSign;
-        if (borrow != 0) {
-            // Crossed zero: take the magnitude back (hundreds' complement).
-            int carry = 1;
-            for (int32_t k = 0; k <= n; ++k) {
-                const int v = 99 - rem[k] + carry;
-                rem[k] = static_cast<uint8_t>(v % 100);
-                carry = v / 100;
+        int borrow = 0;
+        if (order >= 0) {
+            for (int32_t idx = low; idx <= high; ++idx) {
+                const int v = window[idx] - m[idx - offset] - borrow;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint8_t>(v + 100 * borrow);
+            }
+            for (int32_t idx = high + 1; borrow != 0 && idx <= n; ++idx) {
+                const int v = window[idx] - 1;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint8_t>(v + 100 * borrow);
+            }
+        } else {
+            // The difference crosses zero: the new magnitude is q x divisor minus
+            // the remainder (the window holds nothing above `high` here), and the
+            // remainder's sign flips.
+            for (int32_t idx = 0; idx <= high; ++idx) {
+                const int t = idx >= low ? m[idx - offset] : 0;
+                const int v = t - window[idx] - borrow;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint8_t>(v + 100 * borrow);
             }
             remSign = -remSign;
         }
