@@ -208,6 +208,26 @@ TEST_F(Memories, RecallIdWithUnitsIsInvalidUnits) {
 
 TEST_F(Memories, RecallMissingOperand) { EXPECT_TRUE(refuses(opRcl, u"Missing Operand")); }
 
+// Records the question clrmem asks.
+class AskingHost : public RecordingHost {
+public:
+    bool confirm(std::u16string_view t, std::u16string_view q) override {
+        title = t;
+        question = q;
+        return RecordingHost::confirm(t, q);
+    }
+    std::u16string title, question;
+};
+
+TEST_F(Memories, ClearAsksConfirmClearAllMemories) {
+    AskingHost asking;
+    app.host = &asking;
+    asking.confirmAnswer = false;
+    opClrmem(app, app.stack);
+    EXPECT_EQ(asking.title, u"Confirm");
+    EXPECT_EQ(asking.question, u"Clear All Memories");
+}
+
 TEST_F(Memories, AnsweringNoKeepsEveryMemory) {
     pushInt(5);
     pushInt(3);

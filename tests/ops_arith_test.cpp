@@ -1,4 +1,5 @@
 // The arithmetic handlers `+ - * /`, `inv` and `sqr` on integers and reals.
+#include "lang/ops_values.h"
 #include "tests/ops_testing.h"
 
 namespace quorvel::test {
@@ -396,6 +397,46 @@ TEST_F(ArithSqr, InvalidDataType) {
 }
 
 TEST_F(ArithSqr, MissingOperand) { EXPECT_TRUE(refuses(opSqr, u"Missing Operand")); }
+
+}  // namespace
+}  // namespace quorvel::test
+
+namespace quorvel::test {
+namespace {
+
+// --- word-size reduction of integer results ---------------------------------
+
+BigInt big(std::u16string_view text) { return ParseInteger(text, 10); }
+
+TEST(WordSizeReduction, MinusOneInEightBitsIs255) {
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(-1), 8), bigIntFromI32(255));
+}
+
+TEST(WordSizeReduction, SeventeenBitsKeepOneBitOfTheTopLimb) {
+    EXPECT_EQ(ReduceToWordSize(big(u"262143"), 17), bigIntFromI32(131071));   // 2^18 - 1
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(-1), 17), bigIntFromI32(131071));
+}
+
+TEST(WordSizeReduction, ValuesThatFitAreKept) {
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(200), 8), bigIntFromI32(200));
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(0), 8), bigIntFromI32(0));
+    EXPECT_EQ(ReduceToWordSize(big(u"65535"), 16), big(u"65535"));
+}
+
+TEST(WordSizeReduction, HighBitsAreDropped) {
+    EXPECT_EQ(ReduceToWordSize(big(u"65536"), 16), bigIntFromI32(0));
+    EXPECT_EQ(ReduceToWordSize(big(u"18446744073709551617"), 64), bigIntFromI32(1));   // 2^64 + 1
+}
+
+TEST(WordSizeReduction, NegativeValuesTakeTwosComplement) {
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(-2), 32), big(u"4294967294"));
+    EXPECT_EQ(ReduceToWordSize(big(u"-18446744073709551616"), 64), bigIntFromI32(0));   // -2^64
+    EXPECT_EQ(ReduceToWordSize(big(u"-65537"), 16), big(u"65535"));
+}
+
+TEST(WordSizeReduction, ZeroResultHasSignZero) {
+    EXPECT_EQ(ReduceToWordSize(bigIntFromI32(256), 8).sign, 0);
+}
 
 }  // namespace
 }  // namespace quorvel::test
