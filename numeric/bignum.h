@@ -57,7 +57,8 @@ void assignResized(BigNum& target, const BigNum& source, int32_t length);
 BigNum add(const BigNum& a, const BigNum& b);
 // a - b with one guard pair, normalised, rounded half up; inf - inf is NaN.
 BigNum subtract(const BigNum& a, const BigNum& b);
-// Truncated schoolbook product with one guard pair, rounded half up.
+// Truncated schoolbook product with one guard pair, rounded half up (pair
+// products below the guard are dropped). Zero times infinity is zero.
 BigNum multiply(const BigNum& a, const BigNum& b);
 // Long division; rounds up only when the final remainder pair exceeds 50.
 // x / 0 is NaN; 0 / 0 is NaN with mantissa 1 and sign 1.
@@ -71,14 +72,16 @@ void divideInPlace(BigNum& a, const BigNum& b);
 // whole unit of 100 or more; a magnitude below 10 is the difference in units
 // of the last pair. Both NaN compare 0.
 int compare(const BigNum& a, const BigNum& b);
-// Compares |a| with the one-digit integer d: -1, 0 or 1.
+// Compares |a| with the one-digit integer d: -1, 0 or 1 (infinity and NaN 1,
+// zero -1).
 int compareWithDigit(const BigNum& a, int d);
 
 // --- Digit-level helpers -----------------------------------------------------
 
 // Shifts out leading zero digits feeding in the guard pair's digits; rounds up
 // at the last digit on a guard of 50 or more (or a single remaining digit >= 5
-// after a one-digit shift). All-zero, or an exponent that would wrap, gives zero.
+// after a one-digit shift). An all-zero mantissa with a nonzero guard takes the
+// guard's digits; all zero, or an exponent that would wrap, gives zero.
 void normalize(BigNum& a, int guard);
 // Adds a small value at a decimal position counted from the least significant
 // digit (0 = last digit), with carry; a carry out of the top shifts the mantissa
@@ -96,8 +99,9 @@ int pairAt(const BigNum& a, int32_t offset);
 
 // --- Functions ---------------------------------------------------------------
 
-// Newton iteration until successive iterates agree within 9 units of the last
-// pair. NaN in gives NaN, a negative gives a 2-byte NaN, zero gives zero.
+// Newton iteration, one byte wider than a, until successive iterates agree
+// within 9 units of the last pair. NaN in gives NaN, a negative gives a 2-byte
+// NaN, zero gives zero, +infinity gives +infinity.
 BigNum squareRoot(const BigNum& a);
 
 // --- Integer conversions -----------------------------------------------------

@@ -23,6 +23,9 @@ BigNum squareRoot(const BigNum& a) {
     half.sign = 1;
 
     BigNum x = multiply(value, half);
+    // At the smallest exponents a x 0.5 underflows to zero; a itself then
+    // serves as the start.
+    if (x.isZero()) x = value;
     x.exponent /= 2;   // halved toward zero
     // Converges quadratically from this start; the bound only guards against a
     // pair of iterates that keep disagreeing by more than 9 units.

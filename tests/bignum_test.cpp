@@ -570,6 +570,11 @@ TEST(BigNumSquareRoot, PerfectSquaresAreExact) {
     EXPECT_TRUE(same(squareRoot(num(2, "1", 2000000000)), num(2, "1", 1000000000)));
 }
 
+TEST(BigNumSquareRoot, SmallestExponentStillConverges) {
+    EXPECT_TRUE(same(squareRoot(num(6, "1", kMinExponent)), num(6, "1", kMinExponent / 2)));
+    EXPECT_TRUE(same(squareRoot(num(6, "4", kMaxExponent - 1)), num(6, "2", (kMaxExponent - 1) / 2)));
+}
+
 TEST(BigNumSquareRoot, SquareRootOfTwoWithinOneUnit) {
     // The first 96 digits of sqrt 2 (the 97th is 1, so they are also the
     // rounded value).
