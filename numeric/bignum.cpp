@@ -1,7 +1,6 @@
 // BigNum construction, length changes, addition and subtraction.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"

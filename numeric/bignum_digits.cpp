@@ -1,6 +1,7 @@
 // Digit-level helpers of BigNum: normalisation, adding or subtracting at a
 // decimal position, one-digit shifts, digit and pair reads, and comparison.
 #include <cstdint>
+#include <limits>
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
