@@ -290,3 +290,19 @@ TEST_F(SampleProgramTest, FunctionsCallFunctionsInLoops) {
 
 }  // namespace
 }  // namespace quorvel::test
+
+namespace quorvel::test {
+namespace {
+
+TEST_F(SampleProgramTest, DeepRecursionBelowTheLimit) {
+    loadFile("recursion.txt");
+    app.stack.freeAll();
+    run("990 factorial", Rpn);
+    EXPECT_EQ(shown(), "");
+    ASSERT_EQ(app.stack.count(), 1);
+    EXPECT_EQ(app.stack.head()->type, ItemType::Integer);
+    EXPECT_EQ(integerText(app.stack.head()->asInteger()).size(), 2538u);   // 990! has 2538 digits
+}
+
+}  // namespace
+}  // namespace quorvel::test
