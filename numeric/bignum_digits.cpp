@@ -47,6 +47,17 @@ void addAtDigit(BigNum& a, int value, int32_t position) {
     }
     if (carry == 0) return;
     // Carry out of the top: shift it in digit by digit, raising the exponent.
+    if (zerosAbove >= digitCount) {
+        // Every old digit would be shifted out: clear them and raise the
+        // exponent in one step.
+        for (uint8_t& byte : a.digits) byte = 0;
+        if (static_cast<int64_t>(a.exponent) + zerosAbove > std::numeric_limits<int32_t>::max()) {
+            bignum_detail::overflowToInfinity(a);
+            return;
+        }
+        a.exponent = static_cast<int32_t>(a.exponent + zerosAbove);
+        zerosAbove = 0;
+    }
     for (int64_t i = 0; i < zerosAbove; ++i) {
         shiftRightOneDigit(a, 0);
         if (!incrementExponent(a)) return;

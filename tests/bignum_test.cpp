@@ -201,6 +201,13 @@ TEST(BigNumDigits, AddAtDigitOnePlaceAboveTheLeadingDigit) {
     EXPECT_TRUE(same(x, num(2, "15", -2)));
 }
 
+TEST(BigNumDigits, AddAtDigitFarAboveTheTopReplacesTheMantissa) {
+    // 1.234 + 7e10: every digit of 1.234 falls below the last place.
+    BigNum x = num(2, "1234", 0);
+    addAtDigit(x, 7, 13);
+    EXPECT_TRUE(same(x, num(2, "7", 10)));
+}
+
 TEST(BigNumDigits, AddAtDigitPastTheLargestExponentGivesInfinity) {
     BigNum x = num(2, "9999", kMaxExponent, -1);
     addAtDigit(x, 1, 0);
