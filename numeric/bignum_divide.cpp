@@ -107,6 +107,7 @@ BigNum divide(const BigNum& a, const BigNum& b) {
     int correction = 0;
     int remSign = 1;
     int32_t topIndex = n;
+    // Each step gains about a digit; the bound only guards against a stall.
     const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
     for (int64_t step = 0; step < stepLimit; ++step) {
         while (topIndex >= 0 && rem[topIndex] == 0) --topIndex;
