@@ -83,8 +83,6 @@ bool UserBreak(AppState& app) {
     return false;
 }
 
-void CallFunction(AppState& app, const Statement& function, ItemList& stack) { RunStatement(app, function, stack); }
-
 void RunCommandLine(AppState& app, std::u16string_view text, int entryMode) {
     app.abortFlag = false;
     ClearMessage(app);

@@ -20,7 +20,8 @@ struct Statement;
 void RunCommandLine(AppState& app, std::u16string_view text, int entryMode);
 
 // Evaluates `text` algebraically on the main stack and takes the top item off
-// as the result (none when the stack is empty); the caller owns it.
+// as the result (none when the stack is empty); the caller owns it. Leaves the
+// user-break flag alone: a caller starting a fresh command clears it first.
 std::optional<Item> EvaluateText(AppState& app, std::u16string_view text);
 
 // The direct algebraic evaluator: consumes `tokens` up to their end or the
@@ -33,18 +34,15 @@ void EvaluateTokens(AppState& app, ItemList& tokens, ItemList& stack);
 void RunNode(AppState& app, const ExprNode& node, ItemList& stack);
 
 // Runs a compiled statement on `stack`; 1 when a `return` was executed, else
-// 0. Blocks and loops stop once the kept severity exceeds 3 or on a user
-// break ("User Break").
+// 0. Blocks and loops stop once the kept severity exceeds 3; loops and
+// user-function calls stop on a user break ("User Break") and at a runaway
+// recursion 1000 calls deep ("Recursion Too Deep").
 int RunStatement(AppState& app, const Statement& statement, ItemList& stack);
 
 // Pops the top item and tells whether it is true: a non-zero Integer or Real
 // (a Variable reference by its value). Everything else, also an empty stack
 // or a Complex number, is false. Reports only "Undefined Variable Referenced".
 bool PopTruth(AppState& app, ItemList& stack);
-
-// Runs the user function `function` on `stack` as a call from a typed line
-// or an algebraic expression (its body opens its own frame of locals).
-void CallFunction(AppState& app, const Statement& function, ItemList& stack);
 
 // True when the running program must stop for a user break: already asked,
 // or the host asks now (then "User Break" is reported, severity 4).
