@@ -12,6 +12,7 @@
 #include "lang/functions.h"
 #include "lang/item.h"
 #include "lang/variables.h"
+#include "numeric/random.h"
 
 namespace quorvel {
 
@@ -42,6 +43,7 @@ struct AppState {
     bool exitRequested = false;
     bool consoleOpen = false;
     std::atomic<bool> abortFlag{false};
+    RandomState random;                 // the generator of uniform, gauss, brnd; not saved
     std::string dataFolder;
     Host* host = nullptr;               // not owned; null = nowhere to report
 

@@ -28,6 +28,7 @@ using Outcome = std::variant<Item, Refusal, NoResult>;
 
 inline constexpr std::u16string_view MissingOperand = u"Missing Operand";
 inline constexpr std::u16string_view InvalidDataType = u"Invalid Data Type";
+inline constexpr std::u16string_view InvalidWordSize = u"Invalid Word Size";
 
 // Resolves a Variable reference to the variable's own value Item (not a copy);
 // an unknown name reports "Undefined Variable Referenced" and is created with

@@ -14,7 +14,6 @@ void notImplemented(AppState& app) { ReportError(app, u"Not Implemented", Error)
 void opAcos(AppState& app, ItemList&) { notImplemented(app); }
 void opAcosh(AppState& app, ItemList&) { notImplemented(app); }
 void opAi(AppState& app, ItemList&) { notImplemented(app); }
-void opAnd(AppState& app, ItemList&) { notImplemented(app); }
 void opApplyunits(AppState& app, ItemList&) { notImplemented(app); }
 void opAsin(AppState& app, ItemList&) { notImplemented(app); }
 void opAsinh(AppState& app, ItemList&) { notImplemented(app); }
@@ -23,7 +22,6 @@ void opAtan2(AppState& app, ItemList&) { notImplemented(app); }
 void opAtanh(AppState& app, ItemList&) { notImplemented(app); }
 void opBern(AppState& app, ItemList&) { notImplemented(app); }
 void opBi(AppState& app, ItemList&) { notImplemented(app); }
-void opBrnd(AppState& app, ItemList&) { notImplemented(app); }
 void opCfresnel(AppState& app, ItemList&) { notImplemented(app); }
 void opComb(AppState& app, ItemList&) { notImplemented(app); }
 void opConj(AppState& app, ItemList&) { notImplemented(app); }
@@ -41,35 +39,25 @@ void opExp2(AppState& app, ItemList&) { notImplemented(app); }
 void opFact(AppState& app, ItemList&) { notImplemented(app); }
 void opFresnel(AppState& app, ItemList&) { notImplemented(app); }
 void opGamma(AppState& app, ItemList&) { notImplemented(app); }
-void opGauss(AppState& app, ItemList&) { notImplemented(app); }
 void opI(AppState& app, ItemList&) { notImplemented(app); }
 void opIm(AppState& app, ItemList&) { notImplemented(app); }
 void opInf(AppState& app, ItemList&) { notImplemented(app); }
 void opLn(AppState& app, ItemList&) { notImplemented(app); }
 void opLog10(AppState& app, ItemList&) { notImplemented(app); }
 void opLog2(AppState& app, ItemList&) { notImplemented(app); }
-void opNand(AppState& app, ItemList&) { notImplemented(app); }
-void opNor(AppState& app, ItemList&) { notImplemented(app); }
-void opNot(AppState& app, ItemList&) { notImplemented(app); }
-void opOr(AppState& app, ItemList&) { notImplemented(app); }
 void opPerm(AppState& app, ItemList&) { notImplemented(app); }
 void opPi(AppState& app, ItemList&) { notImplemented(app); }
 void opPow(AppState& app, ItemList&) { notImplemented(app); }
 void opRad(AppState& app, ItemList&) { notImplemented(app); }
 void opRe(AppState& app, ItemList&) { notImplemented(app); }
 void opRemunits(AppState& app, ItemList&) { notImplemented(app); }
-void opRot(AppState& app, ItemList&) { notImplemented(app); }
 void opSfresnel(AppState& app, ItemList&) { notImplemented(app); }
-void opShift(AppState& app, ItemList&) { notImplemented(app); }
 void opSin(AppState& app, ItemList&) { notImplemented(app); }
 void opSinc(AppState& app, ItemList&) { notImplemented(app); }
 void opSinh(AppState& app, ItemList&) { notImplemented(app); }
 void opSqrt(AppState& app, ItemList&) { notImplemented(app); }
 void opTan(AppState& app, ItemList&) { notImplemented(app); }
 void opTanh(AppState& app, ItemList&) { notImplemented(app); }
-void opUniform(AppState& app, ItemList&) { notImplemented(app); }
 void opUnit(AppState& app, ItemList&) { notImplemented(app); }
-void opXnor(AppState& app, ItemList&) { notImplemented(app); }
-void opXor(AppState& app, ItemList&) { notImplemented(app); }
 
 }  // namespace quorvel

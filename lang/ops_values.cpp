@@ -1,8 +1,6 @@
-// Conversions, word-size reduction and unit-vector rules shared by the
+// Conversions, integer results and unit-vector rules shared by the
 // numeric handlers.
 #include "lang/ops_values.h"
-
-#include <algorithm>
 
 namespace quorvel {
 
@@ -15,29 +13,6 @@ BigNum RealOf(const AppState& app, const Item& item) {
     // fromInteger carries five extra bytes; the result is cut back to the
     // working length like every new real.
     return resized(fromInteger(item.asInteger(), app.workingLength), app.workingLength);
-}
-
-BigInt ReduceToWordSize(const BigInt& n, int32_t bits) {
-    const int32_t limbCount = bits / 16 + (bits % 16 != 0 ? 1 : 0);
-    const uint16_t topMask = bits % 16 != 0 ? static_cast<uint16_t>((1u << (bits % 16)) - 1) : uint16_t{0xFFFF};
-    // A non-negative value that already fits is its own word.
-    if (n.sign >= 0 && (n.count() < limbCount || (n.count() == limbCount && (n.limbs.back() & ~topMask) == 0)))
-        return n;
-
-    BigInt word;
-    word.limbs.assign(static_cast<size_t>(limbCount), 0);
-    std::copy_n(n.limbs.begin(), std::min(limbCount, n.count()), word.limbs.begin());
-    word.limbs.back() &= topMask;
-    if (n.sign < 0) {
-        // Two's complement inside the word: invert, add one, mask again.
-        for (uint16_t& limb : word.limbs) limb = static_cast<uint16_t>(~limb);
-        for (uint16_t& limb : word.limbs)
-            if (++limb != 0) break;
-        word.limbs.back() &= topMask;
-    }
-    word.sign = 1;
-    trim(word);
-    return word;
 }
 
 Item IntegerResult(const AppState& app, BigInt value, const UnitVector& units) {

@@ -10,6 +10,7 @@
 #include "lang/handler.h"
 #include "lang/item.h"
 #include "numeric/bigint.h"
+#include "numeric/binword.h"
 #include "numeric/bignum.h"
 #include "units/unitvector.h"
 
@@ -27,12 +28,8 @@ bool IsIntegerOrReal(const Item& item);
 // Integer converted at the working length. Never reports.
 BigNum RealOf(const AppState& app, const Item& item);
 
-// `n` reduced to an unsigned word of `bits` bits (bits > 0): its low bits, a
-// negative value taken in two's complement; the result is never negative.
-BigInt ReduceToWordSize(const BigInt& n, int32_t bits);
-
-// An Integer result Item: reduced to the word size when WSize is positive,
-// exact otherwise.
+// An Integer result Item: reduced to the word size when WSize is positive
+// (ReduceToWordSize, through a binary word), exact otherwise.
 Item IntegerResult(const AppState& app, BigInt value, const UnitVector& units);
 
 // Units of a sum, difference or comparison: none when the first seven

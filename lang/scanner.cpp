@@ -6,7 +6,7 @@
 
 #include "lang/appstate.h"
 #include "lang/keywords.h"
-#include "lang/ops_values.h"
+#include "numeric/binword.h"
 #include "numeric/numtext.h"
 
 namespace quorvel {
@@ -71,9 +71,9 @@ Item scanNumber(AppState& app, std::u16string_view line, std::size_t& pos, bool 
     }
     BigInt n = ParseInteger(text, based ? app.base : int16_t{10});
     if (negative) n = negated(std::move(n));
-    // A based integer is reduced into the word size, a negative one in two's
-    // complement ("#-1" with WSize 8 is 255).
-    if (based && app.wsize > 0) n = ReduceToWordSize(n, app.wsize);
+    // A based integer is reduced into the word size through a binary word, a
+    // negative one in two's complement ("#-1" with WSize 8 is 255).
+    if (based && app.wsize > 0) n = integerFromWord(wordFromInteger(n, app.wsize));
     return Item::integer(std::move(n));
 }
 
