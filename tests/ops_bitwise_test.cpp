@@ -258,6 +258,27 @@ TEST_F(BitwiseLines, AlgebraicBitwiseOperators) {
     EXPECT_TRUE(topIsInteger(6));
 }
 
+TEST_F(BitwiseLines, AlgebraicNotIsPrefixAndShiftAndRotAreFunctions) {
+    rpn(u"64 wsize");
+    alg(u"not 0");
+    EXPECT_TRUE(topIsIntegerText(u"18446744073709551615"));
+    alg(u"shift(1, 3)");
+    EXPECT_TRUE(topIsInteger(8));
+    alg(u"rot(1, 5)");   // 5 mod 4 limbs = 1
+    EXPECT_TRUE(topIsInteger(2));
+}
+
+TEST_F(BitwiseLines, AlgebraicMinusBeforeACountIsANegationReducedToTheWordSize) {
+    // -1 typed in algebraic entry is `neg` of 1, reduced to 2^64 - 1: too
+    // large a count, so the operand comes back unchanged. In RPN entry -1 is
+    // a number and rotates right.
+    rpn(u"64 wsize");
+    alg(u"rot(1, -1)");
+    EXPECT_TRUE(topIsInteger(1));
+    rpn(u"1 -1 rot");
+    EXPECT_TRUE(topIsIntegerText(u"9223372036854775808"));
+}
+
 TEST_F(BitwiseLines, WithoutAWordSizeTheLineReportsAndKeepsTheOperands) {
     app.wsize = 0;
     rpn(u"12 10 or");
