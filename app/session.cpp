@@ -9,6 +9,7 @@
 #include "lang/program.h"
 #include "lang/report.h"
 #include "numeric/numtext.h"
+#include "store/persistence.h"
 
 namespace quorvel::app {
 namespace {
@@ -33,6 +34,19 @@ bool loadPrograms(AppState& app, const Options& options) {
     return true;
 }
 
+// Reads the saved settings, stack and memories unless --no-state; --data-dir
+// names the folder instead of the per-user one.
+void loadState(AppState& app, const Options& options) {
+    if (options.noState) return;
+    if (options.dataDir) app.dataFolder = *options.dataDir;
+    LoadState(app);
+}
+
+// Writes them back at exit unless --no-state.
+void saveState(const AppState& app, const Options& options) {
+    if (!options.noState) SaveState(app);
+}
+
 }  // namespace
 
 int RunExecute(const Options& options) {
@@ -40,6 +54,7 @@ int RunExecute(const Options& options) {
     TerminalHost host(false);
     app.host = &host;
     InstallInterruptHandler();
+    loadState(app, options);
     if (!loadPrograms(app, options)) return 2;
 
     const int entryMode = options.entryMode.value_or(app.entryMode);
@@ -54,6 +69,7 @@ int RunExecute(const Options& options) {
     }
     for (const std::u16string& text : StackListLines(app, options.plain ? 0x80 : 0, false))
         std::cout << toUtf8(text) << '\n';
+    saveState(app, options);
     return failed ? 1 : 0;
 }
 
@@ -63,6 +79,7 @@ int RunConsole(const Options& options) {
     app.host = &host;
     app.consoleOpen = true;
     InstallInterruptHandler();
+    loadState(app, options);
     if (!loadPrograms(app, options)) return 2;
 
     std::cout << "Quorvel Console\n";
@@ -83,6 +100,7 @@ int RunConsole(const Options& options) {
             if (auto text = DisplayText(app, *result, app.digits, 0x80)) host.consoleWrite(*text);
         }
     }
+    saveState(app, options);
     return 0;
 }
 
