@@ -447,10 +447,12 @@ TEST(BigNumMultiply, OneDigitNormalisationRoundsOnTheGuard) {
     EXPECT_TRUE(same(multiply(num(2, "2223", 0), num(2, "22", 0)), num(2, "4891", 0)));
 }
 
-TEST(BigNumMultiply, PairProductsBelowTheGuardAreDropped) {
-    // 9.999 x 9.999 = 99.980001; the lowest pair product 99 x 99 falls below the
-    // guard and is dropped, which leaves 99.97.
-    EXPECT_TRUE(same(multiply(num(2, "9999", 0), num(2, "9999", 0)), num(2, "9997", 1)));
+TEST(BigNumMultiply, ColumnsUnderTheGuardCarryIntoIt) {
+    // 9.999 x 9.999 = 99.980001: the lowest pair product 99 x 99 lies under the
+    // guard; its carry still reaches the guard, so the result is 99.98, not 99.97.
+    EXPECT_TRUE(same(multiply(num(2, "9999", 0), num(2, "9999", 0)), num(2, "9998", 1)));
+    // 1.999 x 4.999 = 9.993001 keeps its last digit through the normalising shift.
+    EXPECT_TRUE(same(multiply(num(2, "1999", 0), num(2, "4999", 0)), num(2, "9993", 0)));
 }
 
 TEST(BigNumMultiply, SpecialValues) {
