@@ -1,8 +1,9 @@
 # Quorvel quick start:
-#   make run    build (Release) and start the calculator
+#   make run    build (Release) and start the calculator: the desktop window
+#               when a display is available, else the console
 #   make test   build and run every test, then again under ASan + UBSan
 
-PACKAGES := g++ make cmake libgtest-dev libgmock-dev libbenchmark-dev
+PACKAGES := g++ make cmake libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev fonts-crosextra-caladea
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    := build/release
 SANBUILD := build/sanitize
@@ -10,7 +11,7 @@ SANBUILD := build/sanitize
 .PHONY: run test deps build build-sanitize bench clean
 
 run: build
-	./$(BUILD)/quorvel --console
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then ./$(BUILD)/quorvel; else ./$(BUILD)/quorvel --console; fi
 
 test: deps
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release

@@ -1,9 +1,19 @@
-// quorvel: the calculator on a terminal, or one command line at a time.
+// quorvel: the desktop window, the console on a terminal, or one command
+// line at a time.
 #include <cstdio>
 #include <iostream>
 
 #include "app/options.h"
 #include "app/session.h"
+#include "ui/desktop.h"
+
+namespace {
+
+quorvel::ui::DesktopOptions desktopOptions(const quorvel::app::Options& options) {
+    return {options.lines, options.entryMode, options.programs, options.dataDir, options.noState, options.screenshot};
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     using namespace quorvel::app;
@@ -24,6 +34,11 @@ int main(int argc, char** argv) {
         return RunExecute(*options);
     case RunMode::Console:
         return RunConsole(*options);
+    case RunMode::Window:
+        if (!quorvel::ui::DisplayAvailable()) return RunConsole(*options);
+        return quorvel::ui::RunDesktop(argc, argv, desktopOptions(*options));
+    case RunMode::Screenshot:
+        return quorvel::ui::RunScreenshot(argc, argv, desktopOptions(*options));
     }
     return 0;
 }

@@ -35,6 +35,8 @@ std::optional<Options> ParseOptions(int argc, char** argv, std::string& error) {
         } else if (arg == "--data-dir") {
             if (!value(text)) return std::nullopt;
             options.dataDir = text;
+        } else if (arg == "--screenshot") {
+            if (!value(options.screenshot)) return std::nullopt;
         } else if (arg == "--no-state") {
             options.noState = true;
         } else if (arg == "--help" || arg == "-h") {
@@ -52,7 +54,13 @@ std::optional<Options> ParseOptions(int argc, char** argv, std::string& error) {
         error = "--console and -e cannot be used together";
         return std::nullopt;
     }
-    options.mode = options.lines.empty() ? RunMode::Console : RunMode::Execute;
+    if (console && !options.screenshot.empty()) {
+        error = "--console and --screenshot cannot be used together";
+        return std::nullopt;
+    }
+    if (!options.screenshot.empty()) options.mode = RunMode::Screenshot;
+    else if (!options.lines.empty()) options.mode = RunMode::Execute;
+    else options.mode = console ? RunMode::Console : RunMode::Window;
     return options;
 }
 
@@ -60,8 +68,11 @@ const char* UsageText() {
     return R"(Usage: quorvel [OPTIONS]
        quorvel -e LINE [-e LINE ...] [OPTIONS]
        quorvel --console [OPTIONS]
+       quorvel --screenshot FILE [-e LINE ...] [OPTIONS]
 
-Quorvel, a multi-precision RPN and algebraic calculator.
+Quorvel, a multi-precision RPN and algebraic calculator. Without -e,
+--console or --screenshot it opens its desktop window when a display is
+available ($DISPLAY or $WAYLAND_DISPLAY), else the console on the terminal.
 
   -e, --execute LINE  Run LINE as if typed into the entry field and Enter
                       pressed. Repeat for several lines; they run in order on
@@ -74,9 +85,13 @@ Quorvel, a multi-precision RPN and algebraic calculator.
                       standard error as "error: TEXT", "warning: TEXT",
                       "info: TEXT" or "note: TEXT".
   --console           Read command lines from the terminal (or a pipe) and
-                      print each result; this is the default without -e.
+                      print each result; the default without -e when no
+                      display is available.
                       Ctrl+C stops a running computation ("User Break").
                       Type exit or end the input to leave.
+  --screenshot FILE   Build the desktop window (offscreen when there is no
+                      display), run the -e lines in it as if typed, and
+                      write the window's picture to FILE as PNG.
   --rpn, --alg        Entry mode for -e lines: RPN or algebraic (default:
                       the saved entry mode).
   --plain             Plain ASCII output ("-" for minus, "E" exponents).
