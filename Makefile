@@ -1,12 +1,15 @@
 # Quorvel quick start:
 #   make run    build (Release) and start the calculator: the desktop window
 #               when a display is available, else the console
-#   make test   build and run every test, then again under ASan + UBSan
+#   make test   build and run every test, then again under ASan + UBSan, then
+#               the fuzz targets (clang + libFuzzer) for FUZZ_SECONDS in all
 
-PACKAGES := g++ make cmake libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev fonts-crosextra-caladea
+PACKAGES := g++ make cmake libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev qt6-base-dev fonts-crosextra-caladea
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    := build/release
 SANBUILD := build/sanitize
+FUZZBUILD := build/fuzz
+FUZZ_SECONDS ?= 60
 
 .PHONY: run test deps build build-sanitize bench clean
 
@@ -20,6 +23,9 @@ test: deps
 	cmake -S . -B $(SANBUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_SANITIZE=ON
 	cmake --build $(SANBUILD) -j $(JOBS)
 	cd $(SANBUILD) && ctest --output-on-failure -j $(JOBS)
+	cmake -S . -B $(FUZZBUILD) -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_FUZZ=ON -DQUORVEL_BENCH=OFF
+	cmake --build $(FUZZBUILD) -j $(JOBS) --target fuzzers
+	tests/fuzz/run_fuzz.sh $(FUZZBUILD)/tests/fuzz $(FUZZ_SECONDS)
 
 build: deps
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
