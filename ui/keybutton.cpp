@@ -69,6 +69,9 @@ void KeyButton::paintEvent(QPaintEvent*) {
 void KeyButton::mouseMoveEvent(QMouseEvent* event) {
     emit hovered(description_);
     QAbstractButton::mouseMoveEvent(event);
+    // Handled here: the window behind, which clears the hover line on its
+    // own mouse moves, must not see it.
+    event->accept();
 }
 
 }  // namespace quorvel::ui

@@ -83,6 +83,8 @@ MainWindow::MainWindow(AppState& app, WindowHost& host, QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
+    // A command still running is stopped, so the thread can end.
+    host_.requestAbort();
     evaluationThread_.quit();
     evaluationThread_.wait();
     worker_.reset();
@@ -166,6 +168,7 @@ void MainWindow::refresh() {
     QStringList lines;
     for (const std::u16string& line : StackListLines(app_, 0, true)) lines.append(ToQString(line));
     stackList_->setLines(lines);
+    stackList_->doItemsLayout();
     stackList_->scrollToBottom();
 
     modeBox(ModeButton::Bin)->setChecked(app_.base == 2);

@@ -26,6 +26,7 @@ WindowFixture::WindowFixture() : app_(std::make_unique<AppState>()) {
 }
 
 WindowFixture::~WindowFixture() {
+    window_->abortComputation();
     window_->waitUntilIdle(20000);
     app_->consoleOpen = false;
     window_->closeConsole();
