@@ -35,8 +35,7 @@ MemoryDialog::MemoryDialog(const std::vector<MemoryChoice>& choices, QWidget* pa
 MemoryDialog::~MemoryDialog() = default;
 
 QString MemoryDialog::LineText(const MemoryChoice& choice) {
-    const QString line = QStringLiteral("%1:\t").arg(choice.number, 3, 10, QLatin1Char('0')) + ToQString(choice.text);
-    return line.left(LineLimit);
+    return ToQString(choice.text).left(LineLimit);
 }
 
 int32_t MemoryDialog::leadingNumber(const QString& line) {

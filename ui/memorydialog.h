@@ -25,7 +25,8 @@ public:
     ~MemoryDialog() override;
 
     TabbedList* list() { return list_.get(); }
-    // The line text "%03ld:\t%s" of a memory, cut to LineLimit characters.
+    // The shown line of a memory: its text ("%03ld:\t%s", made by the
+    // memory list), cut to LineLimit characters.
     static QString LineText(const MemoryChoice& choice);
 
     // A double-click on line `row`: ends the dialog with that memory's number.
