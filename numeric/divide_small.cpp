@@ -163,6 +163,9 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         }
     }
     const int divisorTop = divisor[lb - 1];
+    // The estimate from two leading digits, for every value they can take.
+    int estimateOfLead[100];
+    for (int lead = 0; lead < 100; ++lead) estimateOfLead[lead] = estimateDigit(lead, divisorTop);
 
     std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
@@ -176,7 +179,7 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         const int64_t t = 2 * static_cast<int64_t>(n - 1 - topIndex) + (rem.at(topIndex) < 10 ? 1 : 0);
         if (t > lastDigit + 1) break;
         const int lead = rem.digit(t) * 10 + rem.digit(t + 1);
-        int q = estimateDigit(lead, divisorTop);
+        int q = estimateOfLead[lead];
         int64_t s = t;
         if (q < 1) {
             q = estimateDigit(lead * 10 + rem.digit(t + 2), divisorTop);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <ostream>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,6 +22,10 @@ struct RoundedDigits {
     int sign = 0;
     friend bool operator==(const RoundedDigits&, const RoundedDigits&) = default;
 };
+
+inline void PrintTo(const RoundedDigits& r, std::ostream* os) {
+    *os << (r.sign < 0 ? "-" : "") << (r.digits.empty() ? "0" : r.digits) << "e" << r.exponent;
+}
 
 // Rounds a digit string (most significant first) half up to `digits` digits.
 inline RoundedDigits roundDigitString(std::string all, int64_t exponent, int sign, int digits) {
