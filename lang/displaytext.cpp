@@ -5,6 +5,8 @@
 #include "lang/item.h"
 #include "numeric/complex.h"
 #include "numeric/numtext.h"
+#include "units/unitconvert.h"
+#include "units/unittables.h"
 
 namespace quorvel {
 namespace {
@@ -58,8 +60,20 @@ std::u16string positionLabel(int32_t n) {
 }  // namespace
 
 std::optional<std::u16string> DisplayText(const AppState& app, const Item& item, int32_t digits, int32_t flags) {
-    // The unit text in display units joins here when values carry units.
-    return valueText(app, item, digits, flags);
+    if (!hasUnits(item.units)) return valueText(app, item, digits, flags);
+
+    // The copy is converted into the display units and gets its unit text;
+    // factor texts are evaluated on a state of their own so that showing a
+    // value never touches the stack or the message strip.
+    Item shown = item.duplicate();
+    const auto evaluation = EvaluationStateFor(app);
+    std::optional<std::u16string> unitText = ToDisplayUnits(*evaluation, shown, true, app.dspFlags | flags);
+    auto value = valueText(app, shown, digits, flags);
+    if (!value || !unitText) return value;
+    // A named unit replaces the unit text once the number is formatted; an
+    // alias factor would scale only the copy, so the number shown stays.
+    if (const UnitAlias* alias = FindAlias(*unitText)) *unitText = alias->alias;
+    return *value + u" " + *unitText;
 }
 
 std::vector<std::u16string> StackListLines(const AppState& app, int32_t flags, bool pad) {

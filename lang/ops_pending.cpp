@@ -14,7 +14,6 @@ void notImplemented(AppState& app) { ReportError(app, u"Not Implemented", Error)
 void opAcos(AppState& app, ItemList&) { notImplemented(app); }
 void opAcosh(AppState& app, ItemList&) { notImplemented(app); }
 void opAi(AppState& app, ItemList&) { notImplemented(app); }
-void opApplyunits(AppState& app, ItemList&) { notImplemented(app); }
 void opAsin(AppState& app, ItemList&) { notImplemented(app); }
 void opAsinh(AppState& app, ItemList&) { notImplemented(app); }
 void opAtan(AppState& app, ItemList&) { notImplemented(app); }
@@ -25,7 +24,6 @@ void opBi(AppState& app, ItemList&) { notImplemented(app); }
 void opCfresnel(AppState& app, ItemList&) { notImplemented(app); }
 void opComb(AppState& app, ItemList&) { notImplemented(app); }
 void opConj(AppState& app, ItemList&) { notImplemented(app); }
-void opConst(AppState& app, ItemList&) { notImplemented(app); }
 void opCos(AppState& app, ItemList&) { notImplemented(app); }
 void opCosh(AppState& app, ItemList&) { notImplemented(app); }
 void opDeg(AppState& app, ItemList&) { notImplemented(app); }
@@ -50,7 +48,6 @@ void opPi(AppState& app, ItemList&) { notImplemented(app); }
 void opPow(AppState& app, ItemList&) { notImplemented(app); }
 void opRad(AppState& app, ItemList&) { notImplemented(app); }
 void opRe(AppState& app, ItemList&) { notImplemented(app); }
-void opRemunits(AppState& app, ItemList&) { notImplemented(app); }
 void opSfresnel(AppState& app, ItemList&) { notImplemented(app); }
 void opSin(AppState& app, ItemList&) { notImplemented(app); }
 void opSinc(AppState& app, ItemList&) { notImplemented(app); }
@@ -58,6 +55,5 @@ void opSinh(AppState& app, ItemList&) { notImplemented(app); }
 void opSqrt(AppState& app, ItemList&) { notImplemented(app); }
 void opTan(AppState& app, ItemList&) { notImplemented(app); }
 void opTanh(AppState& app, ItemList&) { notImplemented(app); }
-void opUnit(AppState& app, ItemList&) { notImplemented(app); }
 
 }  // namespace quorvel
