@@ -8,9 +8,6 @@
 
 namespace quorvel::elementary_detail {
 
-// The exact small integer v at `length` bytes.
-inline BigNum integerAt(int32_t length, int32_t v) { return fromInt(length, v); }
-
 // a / v for a small positive integer v at a's length: the same long division
 // as divide(a, fromInt(a.length(), v)), with an identical result, in time
 // linear in the length (numeric/divide_small.cpp).
