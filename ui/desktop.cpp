@@ -11,6 +11,7 @@
 #include "lang/program.h"
 #include "lang/report.h"
 #include "store/persistence.h"
+#include "ui/appicon.h"
 #include "ui/mainwindow.h"
 #include "ui/termination.h"
 #include "ui/windowhost.h"
@@ -98,6 +99,7 @@ bool DisplayAvailable() { return environmentSet("DISPLAY") || environmentSet("WA
 int RunDesktop(int argc, char** argv, const DesktopOptions& options) {
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
+    application.setWindowIcon(AppIcon());
     DesktopRun run(options);
     if (!run.ready()) return 2;
     MainWindow& window = run.window();
@@ -114,6 +116,7 @@ int RunDesktop(int argc, char** argv, const DesktopOptions& options) {
 int RunScreenshot(int argc, char** argv, const DesktopOptions& options) {
     if (!DisplayAvailable() && !environmentSet("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication application(argc, argv);
+    application.setWindowIcon(AppIcon());
     DesktopRun run(options);
     if (!run.ready()) return 2;
     MainWindow& window = run.window();

@@ -15,21 +15,25 @@ bool WindowHost::onUiThread() const {
 
 template <typename Job>
 void WindowHost::onUi(Job job, bool wait) {
-    if (window_ == nullptr) return;
+    // The window is taken now: a job still queued when it goes is dropped with it.
+    MainWindow* window = window_;
+    if (window == nullptr) return;
     if (onUiThread()) {
-        job();
+        job(*window);
         return;
     }
-    QMetaObject::invokeMethod(window_, std::move(job), wait ? Qt::BlockingQueuedConnection : Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        window, [window, job = std::move(job)]() mutable { job(*window); },
+        wait ? Qt::BlockingQueuedConnection : Qt::QueuedConnection);
 }
 
 void WindowHost::showMessage(std::u16string_view text, int severity) {
     QString shown = ToQString(text);
-    onUi([this, shown, severity] { window_->showMessage(shown, severity); }, false);
+    onUi([shown, severity](MainWindow& w) { w.showMessage(shown, severity); }, false);
 }
 
 void WindowHost::clearMessage() {
-    onUi([this] { window_->clearMessage(); }, false);
+    onUi([](MainWindow& w) { w.clearMessage(); }, false);
 }
 
 bool WindowHost::onConsoleThread() const {
@@ -37,16 +41,16 @@ bool WindowHost::onConsoleThread() const {
 }
 
 void WindowHost::openConsole() {
-    onUi([this] { window_->openConsole(); }, true);
+    onUi([](MainWindow& w) { w.openConsole(); }, true);
 }
 
 void WindowHost::closeConsole() {
-    onUi([this] { window_->closeConsole(); }, false);
+    onUi([](MainWindow& w) { w.closeConsole(); }, false);
 }
 
 void WindowHost::consoleWrite(std::u16string_view line) {
     QString text = ToQString(line);
-    onUi([this, text] { window_->consoleWrite(text); }, false);
+    onUi([text](MainWindow& w) { w.consoleWrite(text); }, false);
 }
 
 std::optional<std::u16string> WindowHost::consoleRead(std::u16string_view prompt) {
@@ -58,7 +62,7 @@ std::optional<std::u16string> WindowHost::consoleRead(std::u16string_view prompt
         readLine_.reset();
     }
     QString shown = ToQString(prompt);
-    onUi([this, shown] { window_->beginConsoleRead(shown); }, true);
+    onUi([shown](MainWindow& w) { w.beginConsoleRead(shown); }, true);
 
     std::unique_lock lock(readMutex_);
     while (!readLine_ && !readCancelled_ && !abortRequested()) {
@@ -74,7 +78,7 @@ std::optional<std::u16string> WindowHost::consoleRead(std::u16string_view prompt
     readLine_.reset();
     readPending_ = false;
     lock.unlock();
-    onUi([this] { window_->endConsoleRead(); }, false);
+    onUi([](MainWindow& w) { w.endConsoleRead(); }, false);
     return line;
 }
 
@@ -82,13 +86,13 @@ bool WindowHost::confirm(std::u16string_view title, std::u16string_view question
     bool answer = false;
     QString shownTitle = ToQString(title);
     QString shownQuestion = ToQString(question);
-    onUi([&] { answer = window_->askConfirm(shownTitle, shownQuestion); }, true);
+    onUi([&](MainWindow& w) { answer = w.askConfirm(shownTitle, shownQuestion); }, true);
     return answer;
 }
 
 int32_t WindowHost::pickMemory(const std::vector<MemoryChoice>& choices) {
     int32_t number = 0;
-    onUi([&] { number = window_->askMemory(choices); }, true);
+    onUi([&](MainWindow& w) { number = w.askMemory(choices); }, true);
     return number;
 }
 

@@ -60,12 +60,12 @@ public:
     void cancelConsoleRead();
 
 private:
-    // Runs `job` on the UI thread, waiting for it when `wait`.
+    // Runs `job(window)` on the UI thread, waiting for it when `wait`.
     template <typename Job>
     void onUi(Job job, bool wait);
     bool onUiThread() const;
 
-    MainWindow* window_ = nullptr;   // not owned; outlives every command
+    std::atomic<MainWindow*> window_{nullptr};   // not owned
     QThread* evaluationThread_ = nullptr;
     std::atomic<bool> consoleCommand_{false};
     std::atomic<bool> abortRequest_{false};
