@@ -24,6 +24,7 @@ QColor darkEdge(const QColor& face) { return mix(face, Qt::black, 0.45); }
 KeyButton::KeyButton(const QString& label, const QString& description, const QColor& face, const QFont& font,
                      QWidget* parent)
     : QAbstractButton(parent), description_(description), face_(face) {
+    setObjectName(QStringLiteral("QuorvelButton"));
     setText(label);
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);

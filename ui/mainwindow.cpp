@@ -56,6 +56,7 @@ std::size_t modeIndex(ModeButton which) { return static_cast<std::size_t>(which)
 
 MainWindow::MainWindow(AppState& app, WindowHost& host, QWidget* parent)
     : QWidget(parent), app_(app), host_(host) {
+    setObjectName(QStringLiteral("QuorvelWindow"));
     setWindowTitle(QStringLiteral("Quorvel v2.1.8"));
     setFixedSize(ClientWidth, ClientHeight);
     setMouseTracking(true);
