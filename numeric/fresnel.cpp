@@ -139,8 +139,13 @@ void FresnelAux(MathContext& math, const BigNum& x, BigNum& f, BigNum& g) {
         assign(g, divide(gs, piX));
         return;
     }
-    // Too close to 8 for the asymptotic series at this length: C and S by the
-    // power series, widened by its cancellation, and f, g solved from them.
+    // Too close to 8 for the asymptotic series at this length: the continued
+    // fraction, or C and S by the power series widened by its cancellation and
+    // f, g solved from them, whichever is expected to be cheaper.
+    if (special_detail::FresnelFractionIsCheaper(d, P)) {
+        special_detail::FresnelAuxByFraction(math, ax, f, g);
+        return;
+    }
     const int32_t W = P + special_detail::FresnelSeriesExtraBytes(d, 0.0);
     const BigNum xw = resized(ax, W);
     const FresnelSums s = special_detail::FresnelSeries(math, xw);

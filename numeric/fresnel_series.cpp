@@ -3,6 +3,7 @@
 // series of the auxiliary functions.
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "numeric/elementary_detail.h"
 #include "numeric/special_detail.h"
@@ -89,6 +90,61 @@ bool FresnelAsymptoticSuffices(double modulus, int32_t P) {
 int32_t FresnelSeriesExtraBytes(double modulus, double imaginaryPart) {
     const double t = Pi * modulus * modulus / 2.0 + imaginaryPart;
     return static_cast<int32_t>(std::ceil(t / (2.0 * Ln10) + std::log10(modulus + 1.0) / 2.0)) + 3;
+}
+
+void FresnelAuxByFraction(MathContext& math, const BigNum& x, BigNum& f, BigNum& g) {
+    const int32_t P = f.length();
+    const int32_t work = P + 2;
+    const BigNum xw = resized(x, work);
+    const BigNum pi = constant(math, work, 'p');
+    // With z = s (1 - i), s = sqrt(pi) x / 2, the convergents A_n / B_n of
+    // 1/(z + (1/2)/(z + 1/(z + (3/2)/(z + ...)))) follow
+    // A_n = z A_(n-1) + a_n A_(n-2), a_1 = 1, a_n = (n - 1)/2. Scaled by s^n:
+    // A_n = (1 - i) A_(n-1) + a_n r A_(n-2), r = 1/s^2 = 4/(pi x^2).
+    const BigNum r = divide(fromInt(work, 4), multiply(pi, multiply(xw, xw)));
+    const BigNum halfR = divideBySmall(r, 2);
+    const auto timesOneMinusI = [](const ComplexNum& a) { return ComplexNum{add(a.re, a.im), subtract(a.im, a.re)}; };
+    ComplexNum aBefore = complexFromInt(work, 1);
+    ComplexNum a = complexZero(work);
+    ComplexNum bBefore = complexZero(work);
+    ComplexNum b = complexFromInt(work, 1);
+    ComplexNum last = complexZero(work);
+    const int32_t bound = 2 * P + 2;
+    for (int32_t n = 1;; ++n) {
+        const BigNum coefficient = n == 1 ? r : multiply(halfR, fromInt(work, n - 1));
+        ComplexNum nextA = add(timesOneMinusI(a), complexScale(coefficient, aBefore));
+        ComplexNum nextB = add(timesOneMinusI(b), complexScale(coefficient, bBefore));
+        aBefore = std::move(a);
+        a = std::move(nextA);
+        bBefore = std::move(b);
+        b = std::move(nextB);
+        if (math.PollAbort()) break;
+        if (n % 32 != 0) continue;
+        ComplexNum h = divide(a, b);
+        const ComplexNum change = subtract(h, last);
+        last = std::move(h);
+        const int32_t scale = last.re.exponent > last.im.exponent ? last.re.exponent : last.im.exponent;
+        if (complexTermIsNegligible(change, scale - bound)) break;
+    }
+    // The scaling by s^n starts A from s A_(-1): the fraction is s h. Then
+    // g + i f = (1 + i)/2 s h / sqrt(pi) = (1 + i) x h / 4 for h = p + iq:
+    // g = (p - q) x / 4, f = (p + q) x / 4.
+    const BigNum quarterX = divideBySmall(xw, 4);
+    assign(f, resized(multiply(add(last.re, last.im), quarterX), P));
+    assign(g, resized(multiply(subtract(last.re, last.im), quarterX), P));
+}
+
+bool FresnelFractionIsCheaper(double modulus, int32_t P) {
+    const double t = Pi * modulus * modulus / 2.0;
+    const double digits = (2.0 * P + 2.0) * Ln10;
+    const double fractionTerms = 1.3 * std::pow(digits / (2.0 * std::sqrt(t)), 2.0) + 64.0;
+    // The series at W bytes needs the n at which t^(2n) / (2n)! falls below
+    // 10^-2W; each step costs two multiplications at W bytes.
+    const double W = P + FresnelSeriesExtraBytes(modulus, 0.0);
+    double n = 1.0;
+    while (2.0 * n * std::log(t) - std::lgamma(2.0 * n + 1.0) > -2.0 * W * Ln10 && n < 1e7) n += 1.0;
+    const double seriesCost = 2.0 * n * (W / P) * (W / P);
+    return 4.0 * fractionTerms < seriesCost;
 }
 
 }  // namespace quorvel::special_detail

@@ -86,6 +86,15 @@ bool FresnelAsymptoticSuffices(double modulus, int32_t P);
 // e^|Im t| against f and g of about 1/|pi x|. imaginaryPart: |Im t|.
 int32_t FresnelSeriesExtraBytes(double modulus, double imaginaryPart);
 
+// f(x) and g(x) for a real x > 8 at the length of f by the continued fraction
+// of e^(z^2) erfc(z), z = (1 - i) sqrt(pi) x / 2: g + i f = (1 + i)/2 e^(z^2)
+// erfc(z). Worked two bytes wider, its convergents compared every 32 terms
+// until two agree to the last digit; polled per term.
+void FresnelAuxByFraction(MathContext& math, const BigNum& x, BigNum& f, BigNum& g);
+// True when, at |x| = modulus and P bytes, the continued fraction is expected
+// to cost fewer multiplications than the widened power series.
+bool FresnelFractionIsCheaper(double modulus, int32_t P);
+
 // --- Airy (numeric/airy.cpp) -------------------------------------------------------
 
 // The guard bytes of the Airy series for |x| = a: trunc(q / 2 + 8) with the

@@ -66,19 +66,55 @@ std::vector<BigNum> PowersLikePowerInt(MathContext& math, const BigNum& e, int32
 
 BigNum SquareRootOfSmall(int32_t m, int32_t length) {
     // Four correct digits to start; each Newton step x = (x + m/x) / 2 doubles
-    // them, so the length doubles with it.
+    // them: a step at len bytes (2 len digits) from len correct digits, the
+    // length doubling up to one byte over the target.
     BigNum x = fromInt(4, static_cast<int32_t>(std::sqrt(static_cast<double>(m)) * 10000.0));
     x.exponent -= 4;
     const int32_t target = length + 1;
-    int32_t len = 4;
-    for (int extra = 0; extra < 2;) {
-        len = len * 2 < target ? len * 2 : target;
+    for (int32_t len = 2;;) {
         const BigNum at = resized(x, len);
         x = divideBySmall(add(at, divide(fromInt(len, m), at)), 2);
-        if (len == target) ++extra;   // one more step at the full length
+        if (len == target) break;
+        len = len * 2 < target ? len * 2 : target;
     }
     return resized(x, length);
 }
+
+namespace {
+
+// sqrt m for m = 0 .. count - 1 at `length` bytes: the roots of the primes by
+// SquareRootOfSmall, every other m as s sqrt(p1 p2 ...) from its square part
+// s^2 and the primes of its square-free part.
+std::vector<BigNum> squareRootsBelow(int32_t count, int32_t length) {
+    std::vector<BigNum> roots(static_cast<std::size_t>(count > 2 ? count : 2), fromInt(length, 1));
+    roots[0] = makeZero(length);
+    for (int32_t m = 2; m < count; ++m) {
+        int32_t rest = m;
+        int32_t square = 1;
+        std::vector<int32_t> primes;
+        for (int32_t p = 2; p * p <= rest; ++p) {
+            while (rest % (p * p) == 0) {
+                rest /= p * p;
+                square *= p;
+            }
+            if (rest % p == 0) {
+                primes.push_back(p);
+                rest /= p;
+            }
+        }
+        if (rest > 1) primes.push_back(rest);
+        if (primes.size() == 1 && square == 1) {
+            roots[static_cast<std::size_t>(m)] = SquareRootOfSmall(m, length);
+            continue;
+        }
+        BigNum r = fromInt(length, square);
+        for (int32_t p : primes) r = multiply(r, roots[static_cast<std::size_t>(p)]);
+        roots[static_cast<std::size_t>(m)] = r;
+    }
+    return roots;
+}
+
+}  // namespace
 
 SpougeCoefficients ComputeSpougeCoefficients(MathContext& math, int32_t P) {
     SpougeCoefficients s;
@@ -89,13 +125,14 @@ SpougeCoefficients ComputeSpougeCoefficients(MathContext& math, int32_t P) {
     s.c.assign(static_cast<std::size_t>(a), makeZero(P));
 
     const std::vector<BigNum> powersOfE = PowersLikePowerInt(math, constant(math, P, 'e'), a);
+    const std::vector<BigNum> roots = squareRootsBelow(a, P);
     BigNum inverseFactorial = fromInt(P, 1);   // 1 / (k - 1)!, carried
     for (int32_t k = 1; k < a && !math.aborted(); ++k) {
         const int32_t m = a - k;
         // (a - k)^(k - 1/2) = (a - k)^(k - 1) sqrt(a - k), the integer power exact.
         BigInt power = bigIntFromU32(1);
         for (int32_t i = 1; i < k; ++i) multiplySmallAddInPlace(power, static_cast<uint32_t>(m), 0);
-        BigNum c = multiply(resized(fromInteger(power, P), P), SquareRootOfSmall(m, P));
+        BigNum c = multiply(resized(fromInteger(power, P), P), roots[static_cast<std::size_t>(m)]);
         c = multiply(multiply(c, powersOfE[static_cast<std::size_t>(m)]), inverseFactorial);
         s.c[static_cast<std::size_t>(k)] = k % 2 == 0 ? negated(c) : c;
         inverseFactorial = divideBySmall(inverseFactorial, k);
