@@ -66,8 +66,8 @@ std::optional<std::u16string> DisplayText(const AppState& app, const Item& item,
     // factor texts are evaluated on a state of their own so that showing a
     // value never touches the stack or the message strip.
     Item shown = item.duplicate();
-    const auto evaluation = EvaluationStateFor(app);
-    std::optional<std::u16string> unitText = ToDisplayUnits(*evaluation, shown, true, app.dspFlags | flags);
+    std::optional<std::u16string> unitText =
+        ToDisplayUnits(EvaluationStateFor(app), shown, true, app.dspFlags | flags);
     auto value = valueText(app, shown, digits, flags);
     if (!value || !unitText) return value;
     // A named unit replaces the unit text once the number is formatted; an

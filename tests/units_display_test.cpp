@@ -193,6 +193,19 @@ TEST_F(DisplayUnits, ShowingAValueChangesNothing) {
     EXPECT_TRUE(host.messages.empty());
 }
 
+TEST_F(DisplayUnits, EvaluationStateIsReusedAndFollowsTheSettings) {
+    AppState& first = EvaluationStateFor(app);
+    first.stack.push(integer(1));   // left over by an earlier evaluation
+    app.displayUnits[Time] = u"h";
+    SetDigits(app, 300);
+    AppState& second = EvaluationStateFor(app);
+    EXPECT_EQ(&first, &second);
+    EXPECT_TRUE(second.stack.empty());
+    EXPECT_EQ(second.workingLength, app.workingLength);
+    EXPECT_EQ(second.displayUnits[Time], u"h");
+    EXPECT_EQ(second.host, nullptr);
+}
+
 TEST_F(DisplayUnits, DegreesNeedPi) {
     if (!PiBuilt()) GTEST_SKIP() << "known gap: the degree factor pi/180.0 needs `pi`, not built yet";
     app.displayUnits[Angle] = u"deg";

@@ -144,16 +144,21 @@ std::optional<std::u16string> ToDisplayUnits(AppState& app, Item& item, bool wan
     return text;
 }
 
-std::unique_ptr<AppState> EvaluationStateFor(const AppState& app) {
-    auto state = std::make_unique<AppState>();
-    state->base = app.base;
-    state->digits = app.digits;
-    state->workingLength = app.workingLength;
-    state->dspFlags = app.dspFlags;
-    state->entryMode = app.entryMode;
-    state->trigMode = app.trigMode;
-    state->wsize = app.wsize;
-    state->displayUnits = app.displayUnits;
+AppState& EvaluationStateFor(const AppState& app) {
+    // One per thread: the stack list, the console and an evaluation thread
+    // may show values at the same time.
+    thread_local AppState state;
+    state.stack.freeAll();
+    state.keptSeverity = 0;
+    state.abortFlag = false;
+    state.base = app.base;
+    state.digits = app.digits;
+    state.workingLength = app.workingLength;
+    state.dspFlags = app.dspFlags;
+    state.entryMode = app.entryMode;
+    state.trigMode = app.trigMode;
+    state.wsize = app.wsize;
+    state.displayUnits = app.displayUnits;
     return state;
 }
 

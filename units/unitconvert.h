@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,10 +52,11 @@ Item ApplyUnitFactors(AppState& app, const Item& value, const std::vector<UnitFa
 // row of its dimension (case ignored) counts as the SI base unit.
 std::optional<std::u16string> ToDisplayUnits(AppState& app, Item& item, bool wantText, int32_t flags);
 
-// A fresh state with app's precision, base, modes and display units, for
-// evaluating factor texts where app itself must stay untouched (the display
-// of values). It reports nowhere.
-std::unique_ptr<AppState> EvaluationStateFor(const AppState& app);
+// A state of the calling thread with app's precision, base, modes and display
+// units and an empty stack, for evaluating factor texts where app itself must
+// stay untouched (the display of values). It reports nowhere and is reused by
+// later calls on the same thread, so the constants it caches (pi) are kept.
+AppState& EvaluationStateFor(const AppState& app);
 
 // The label of each dimension in the display-unit report: "Length", "Mass",
 // "Time", "Amount", "Temperature", "Current", "Luminous Int.", "Angle".
