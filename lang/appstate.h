@@ -9,9 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "lang/abortpoller.h"
 #include "lang/functions.h"
 #include "lang/item.h"
 #include "lang/variables.h"
+#include "numeric/mathcontext.h"
 #include "numeric/random.h"
 
 namespace quorvel {
@@ -46,6 +48,8 @@ struct AppState {
     RandomState random;                 // the generator of uniform, gauss, brnd; not saved
     std::string dataFolder;
     Host* host = nullptr;               // not owned; null = nowhere to report
+    CommandAbortPoller abortPoller{*this};   // asks the host; sets abortFlag, reports "Aborted"
+    MathContext math{abortPoller};      // constant cache and abort polling of the mathematics
 
     AppState() { variables.PushFrame(); }
     AppState(const AppState&) = delete;

@@ -8,11 +8,18 @@ bool IsIntegerOrReal(const Item& item) {
     return item.type == ItemType::Integer || item.type == ItemType::Real;
 }
 
+bool IsNumber(const Item& item) { return IsIntegerOrReal(item) || item.type == ItemType::Complex; }
+
 BigNum RealOf(const AppState& app, const Item& item) {
     if (item.type == ItemType::Real) return item.asReal();
     // fromInteger carries five extra bytes; the result is cut back to the
     // working length like every new real.
     return resized(fromInteger(item.asInteger(), app.workingLength), app.workingLength);
+}
+
+ComplexNum ComplexOf(const AppState& app, const Item& item) {
+    if (item.type == ItemType::Complex) return item.asComplex();
+    return complexFromParts(RealOf(app, item));
 }
 
 Item IntegerResult(const AppState& app, BigInt value, const UnitVector& units) {

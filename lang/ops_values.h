@@ -12,6 +12,7 @@
 #include "numeric/bigint.h"
 #include "numeric/binword.h"
 #include "numeric/bignum.h"
+#include "numeric/complex.h"
 #include "units/unitvector.h"
 
 namespace quorvel {
@@ -20,13 +21,17 @@ inline constexpr std::u16string_view InvalidUnits = u"Invalid Units";
 inline constexpr std::u16string_view IncompatibleUnits = u"Incompatible Units";
 inline constexpr std::u16string_view InvalidVariableName = u"Invalid Variable Name";
 
-// True for the types the arithmetic takes today: Integer and Real. Complex
-// operands are refused with "Invalid Data Type" until complex arithmetic exists.
+// True for the Integer and Real types.
 bool IsIntegerOrReal(const Item& item);
+// True for the three number types: Integer, Real and Complex.
+bool IsNumber(const Item& item);
 
 // The value of an Integer or Real item as a BigNum: a Real as it is, an
 // Integer converted at the working length. Never reports.
 BigNum RealOf(const AppState& app, const Item& item);
+// The value of an Integer, Real or Complex item as a ComplexNum: a Complex as
+// it is, an Integer or Real (as RealOf) with a zero imaginary part.
+ComplexNum ComplexOf(const AppState& app, const Item& item);
 
 // An Integer result Item: reduced to the word size when WSize is positive
 // (ReduceToWordSize, through a binary word), exact otherwise.

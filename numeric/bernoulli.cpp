@@ -13,6 +13,14 @@ namespace quorvel {
 
 using elementary_detail::divideBySmall;
 
+namespace {
+
+// The exact sums hold n + 1 powers of about n log2 n bits each: past this
+// index they would take hundreds of megabytes.
+constexpr int32_t MaxIndex = 10000;
+
+}  // namespace
+
 namespace special_detail {
 
 namespace {
@@ -24,7 +32,10 @@ std::vector<BigInt> integerPowers(MathContext& math, int32_t n, uint32_t step, u
     for (int32_t j = 0; j <= n; ++j) {
         const uint32_t base = offset + step * static_cast<uint32_t>(j);
         BigInt p = bigIntFromU32(1);
-        for (int32_t i = 0; i < n && !p.isZero(); ++i) multiplySmallAddInPlace(p, base, 0);
+        for (int32_t i = 0; i < n && !p.isZero(); ++i) {
+            multiplySmallAddInPlace(p, base, 0);
+            if (i % 64 == 63 && math.PollAbort()) break;
+        }
         powers.push_back(std::move(p));
         if (math.PollAbort()) break;
     }
@@ -74,7 +85,7 @@ std::vector<BigInt> AlternatingBinomialSums(MathContext& math, int32_t n, uint32
 }  // namespace special_detail
 
 BigNum Bernoulli(MathContext& math, int32_t n, int32_t bytes) {
-    if (n < 0 || n == INT32_MAX) return makeNaN();
+    if (n < 0 || n > MaxIndex) return makeNaN();
     const std::vector<BigInt> sums = special_detail::AlternatingBinomialSums(math, n, 1, 0);
     BigNum total = makeZero(bytes + 5);
     for (int32_t k = 0; k <= n && !math.aborted(); ++k) {
@@ -125,14 +136,14 @@ BigInt powerOfTwo(int32_t n) {
 }  // namespace
 
 BigNum EulerNumber(MathContext& math, int32_t n, int32_t bytes) {
-    if (n < 0 || n == INT32_MAX) return makeNaN();
+    if (n < 0 || n > MaxIndex) return makeNaN();
     const BigInt numerator = eulerNumerator(math, n);
     const BigNum r = divide(fromInteger(numerator, bytes), fromInteger(powerOfTwo(n), bytes));
     return resized(r, bytes);
 }
 
 std::optional<BigInt> EulerNumberInt(MathContext& math, int32_t n) {
-    if (n < 0 || n == INT32_MAX) return std::nullopt;
+    if (n < 0 || n > MaxIndex) return std::nullopt;
     BigInt numerator = eulerNumerator(math, n);
     if (math.aborted()) return std::nullopt;
     int32_t rest = n;

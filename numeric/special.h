@@ -86,8 +86,9 @@ FresnelValues FresnelPair(MathContext& math, const BigNum& x);
 // Fills the auxiliary functions f(x) and g(x) (x > 8) at the length of f, so
 // that C = 1/2 + f sin t - g cos t and S = 1/2 - f cos t - g sin t. The
 // asymptotic series 1/(pi x) sum (-1)^m (4m-1)!!/(pi x^2)^(2m) (g: (4m+1)!!,
-// one power more) when its terms fall below the last digit; otherwise from C
-// and S by the power series widened by the cancellation, about t / ln 100 bytes.
+// one power more) when its terms fall below the last digit; otherwise the
+// continued fraction of e^(z^2) erfc z or, where cheaper, C and S by the power
+// series widened by its cancellation (about t / ln 100 bytes) solved for f, g.
 void FresnelAux(MathContext& math, const BigNum& x, BigNum& f, BigNum& g);
 
 // --- Airy functions ---------------------------------------------------------------
@@ -111,8 +112,9 @@ void AirySeries(MathContext& math, const BigNum& x, BigNum& f, BigNum& g);
 
 // B_n = sum_(k=0..n) 1/(k+1) sum_(j=0..k) (-1)^j C(k, j) j^n: each inner sum
 // exact in BigInt, converted with k + 1 at `bytes` bytes, divided and added.
-// B_1 = -1/2. Result at `bytes` bytes; NaN for n < 0. The terms reach about
-// 0.96 n digits more than B_n: pass BernoulliWorkBytes to keep them.
+// B_1 = -1/2. Result at `bytes` bytes; NaN for n < 0 or n > 10000. The terms
+// reach about 0.96 n digits more than B_n: pass BernoulliWorkBytes to keep
+// them. Costs about n^3 log n bit operations; polled within every loop.
 BigNum Bernoulli(MathContext& math, int32_t n, int32_t bytes);
 // A byte count for Bernoulli at which the largest term is held whole (so odd
 // n >= 3 give exactly 0) with `length` bytes to spare for the result.
@@ -120,10 +122,11 @@ int32_t BernoulliWorkBytes(int32_t n, int32_t length);
 // Bernoulli(n, BernoulliWorkBytes(n, length)) rounded to `length` bytes.
 BigNum BernoulliNumber(MathContext& math, int32_t n, int32_t length);
 // E_n from the exact sum N = sum_(k=0..n) 2^(n-k) sum_(j=0..k) (-1)^j C(k, j)
-// (2j+1)^n, as N / 2^n divided at `bytes` bytes. E_odd = 0, E_2 = -1. NaN for n < 0.
+// (2j+1)^n, as N / 2^n divided at `bytes` bytes. E_odd = 0, E_2 = -1. NaN for
+// n < 0 or n > 10000.
 BigNum EulerNumber(MathContext& math, int32_t n, int32_t bytes);
-// E_n as an exact integer (the same sum, divided exactly); nothing for n < 0
-// or when aborted.
+// E_n as an exact integer (the same sum, divided exactly); nothing for n < 0,
+// n > 10000 or when aborted.
 std::optional<BigInt> EulerNumberInt(MathContext& math, int32_t n);
 
 // --- Complex forms: the real algorithms on complex operations ---------------------
@@ -133,7 +136,7 @@ std::optional<BigInt> EulerNumberInt(MathContext& math, int32_t n);
 
 // Gamma(z): reflection for Re z < 0 with the complex sine, Gamma(z + 1)/z for
 // 0 <= Re z < 1, the unit steps down to 1 <= Re y < 2 and Spouge's sum at L + 8.
-// Large |Im z| costs digits: about 1.36 |Im z| of them, below the value's size.
+// Large |Im z| costs digits in Spouge's sum: about |Im z| / 5 of them.
 ComplexNum Gamma(MathContext& math, const ComplexNum& z);
 // Gamma(z + 1).
 ComplexNum Factorial(MathContext& math, const ComplexNum& z);
@@ -142,8 +145,9 @@ ComplexNum Comb(MathContext& math, const ComplexNum& n, const ComplexNum& k);
 // Gamma(n + 1) / Gamma(n - k + 1) at L + 2 bytes.
 ComplexNum Perm(MathContext& math, const ComplexNum& n, const ComplexNum& k);
 // erf z by the real series with complex terms at L bytes (polled), stopped when
-// both parts of a term reach a decimal exponent <= -2(L + 2). The terms grow to
-// about e^(|z|^2) against a sum of e^(Re z^2): 2 Im(z)^2 / ln 10 digits cancel.
+// both parts of a term reach a decimal exponent <= -2(L + 2). The terms grow
+// to about e^(|z|^2) against a sum near e^(Re z^2): about Im(z)^2 / ln 10
+// digits cancel.
 // A sum that overflows gives NaN.
 ComplexNum Erf(MathContext& math, const ComplexNum& z);
 // C(z): |z| <= 8 the power series at L + 22 bytes; otherwise z is turned into

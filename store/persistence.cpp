@@ -43,8 +43,10 @@ std::string DefaultDataFolder() {
     fs::path base = environment("XDG_DATA_HOME");
     if (base.empty() || !base.is_absolute()) {
         const std::string home = environment("HOME");
-        if (home.empty()) return std::string();
-        base = fs::path(home) / ".local" / "share";
+        const std::string roaming = environment("APPDATA");   // where there is no HOME
+        if (!home.empty()) base = fs::path(home) / ".local" / "share";
+        else if (!roaming.empty()) base = roaming;
+        else return std::string();
     }
     return (base / "Kestrovalian" / "Quorvel").string();
 }

@@ -13,8 +13,8 @@ inline constexpr const char* StackFileName = "Stack.bin";
 inline constexpr const char* MemoryFileName = "Memory.bin";
 
 // The per-user folder: $XDG_DATA_HOME/Kestrovalian/Quorvel when that variable
-// holds an absolute path, else $HOME/.local/share/Kestrovalian/Quorvel; empty
-// when neither variable is set.
+// holds an absolute path, else $HOME/.local/share/Kestrovalian/Quorvel, else
+// (on systems without HOME) $APPDATA/Kestrovalian/Quorvel; empty when none is set.
 std::string DefaultDataFolder();
 
 // Fills `app` (which holds its defaults) from the data folder: app.dataFolder,

@@ -35,18 +35,6 @@ protected:
         TextLineSource source(wide(program));
         LoadProgram(app, source);
     }
-    // True when the keyword's handler is still to come: it reports
-    // "Not Implemented" and leaves the stack alone.
-    bool notYetImplemented(std::u16string_view word) {
-        AppState probe;
-        RecordingHost probeHost;
-        probe.host = &probeHost;
-        probe.stack.push(Item::integer(bigIntFromI32(1)));
-        probe.stack.push(Item::string(u"m"));
-        KeywordRow(word).handler(probe, probe.stack);
-        return probeHost.shownText() == u"Not Implemented";
-    }
-
     RecordingHost host;
     AppState app;
 };
@@ -63,7 +51,6 @@ TEST_F(EvaluatorTest, RpnNegativeNumberIsOneToken) {
 }
 
 TEST_F(EvaluatorTest, RpnStringAppliesUnitsAtOnce) {
-    if (notYetImplemented(u"applyunits")) GTEST_SKIP() << "applyunits comes with the units";
     run("5 'm'", Rpn);
     ASSERT_EQ(app.stack.count(), 1);
     EXPECT_EQ(app.stack.head()->type, ItemType::Integer);
@@ -138,7 +125,6 @@ TEST_F(EvaluatorTest, AlgebraicValueWordMinusOneLeavesOneValue) {
 }
 
 TEST_F(EvaluatorTest, AlgebraicPiMinusOneLeavesOneValue) {
-    if (notYetImplemented(u"pi")) GTEST_SKIP() << "pi comes with the elementary functions";
     run("pi-1", Algebraic);
     ASSERT_EQ(app.stack.count(), 1);
     EXPECT_EQ(app.stack.head()->type, ItemType::Real);
@@ -159,7 +145,6 @@ TEST_F(EvaluatorTest, AlgebraicArgumentsArePushedFirstArgumentFirst) {
 }
 
 TEST_F(EvaluatorTest, AlgebraicStringAfterAnOperandAppliesUnits) {
-    if (notYetImplemented(u"applyunits")) GTEST_SKIP() << "applyunits comes with the units";
     run("5 'm'", Algebraic);
     ASSERT_EQ(app.stack.count(), 1);
     EXPECT_EQ(app.stack.head()->units[Length], 1);

@@ -98,11 +98,16 @@ TEST_F(ArithAdd, TypeIsCheckedBeforeUnits) {
     EXPECT_TRUE(refuses(opAdd, u"Invalid Data Type"));
 }
 
-// Complex operands wait for the complex arithmetic; until then they are refused.
-TEST_F(ArithAdd, AComplexOperandIsRefusedForNow) {
+// A Complex operand makes the sum Complex; the Integer takes the real part.
+TEST_F(ArithAdd, AComplexOperandGivesAComplexSum) {
     pushInt(1);
     push(Item::complex(ComplexNum{number(u"1"), number(u"2")}));
-    EXPECT_TRUE(refuses(opAdd, u"Invalid Data Type"));
+    opAdd(app, app.stack);
+    ASSERT_EQ(app.stack.count(), 1);
+    const Item& top = *app.stack.at(0);
+    ASSERT_EQ(top.type, ItemType::Complex);
+    EXPECT_EQ(compare(top.asComplex().re, number(u"2")), 0);
+    EXPECT_EQ(compare(top.asComplex().im, number(u"2")), 0);
 }
 
 TEST_F(ArithAdd, EmptyStackIsAMissingOperand) {

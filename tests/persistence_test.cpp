@@ -10,9 +10,11 @@ namespace {
 // Points XDG_DATA_HOME (and HOME) at a test folder for the life of the object.
 class Environment {
 public:
-    Environment(const char* name, const std::string& value) : name_(name) {
+    // A null value removes the variable.
+    Environment(const char* name, const char* value) : name_(name) {
         if (const char* old = std::getenv(name)) old_ = old;
-        ::setenv(name, value.c_str(), 1);
+        if (value) ::setenv(name, value, 1);
+        else ::unsetenv(name);
     }
     ~Environment() {
         if (old_) ::setenv(name_, old_->c_str(), 1);
@@ -39,7 +41,8 @@ protected:
 // --- The folder --------------------------------------------------------------
 
 TEST_F(Persistence, FirstStartCreatesBothFoldersAndKeepsTheDefaults) {
-    Environment xdg("XDG_DATA_HOME", (folder / "share").string());
+    const std::string share = (folder / "share").string();
+    Environment xdg("XDG_DATA_HOME", share.c_str());
     AppState app;
     LoadState(app);
     const fs::path company = folder / "share" / "Kestrovalian";
@@ -72,6 +75,24 @@ TEST_F(Persistence, RelativeXdgDataHomeIsIgnored) {
     Environment home("HOME", "/home/someone");
     Environment xdg("XDG_DATA_HOME", "relative/share");
     EXPECT_EQ(DefaultDataFolder(), "/home/someone/.local/share/Kestrovalian/Quorvel");
+}
+
+TEST_F(Persistence, DefaultFolderUsesAppDataWhereThereIsNoHome) {
+    Environment xdg("XDG_DATA_HOME", nullptr);
+    Environment home("HOME", nullptr);
+    Environment roaming("APPDATA", "/roaming");
+    EXPECT_EQ(DefaultDataFolder(), "/roaming/Kestrovalian/Quorvel");
+}
+
+TEST_F(Persistence, NoKnownFolderMeansNothingIsLoadedOrSaved) {
+    Environment xdg("XDG_DATA_HOME", nullptr);
+    Environment home("HOME", nullptr);
+    Environment roaming("APPDATA", nullptr);
+    EXPECT_EQ(DefaultDataFolder(), "");
+    AppState app;
+    LoadState(app);
+    EXPECT_EQ(app.dataFolder, "");
+    EXPECT_EQ(app.digits, 80);
 }
 
 TEST_F(Persistence, GivenFolderIsUsedAndCreated) {

@@ -8,7 +8,7 @@ namespace quorvel::test {
 namespace {
 
 struct SessionStep {
-    std::string kind;   // "rpn", "alg", "=", "plain=", "!", "depth", "needs"
+    std::string kind;   // "rpn", "alg", "=", "plain=", "!", "depth"
     std::string text;
     int line = 0;
 };
@@ -54,8 +54,6 @@ TEST_P(UnitSessions, Runs) {
             EXPECT_EQ(shown(0, 0x80), step.text);
         } else if (step.kind == "!") {
             EXPECT_EQ(toUtf8(host.shownText()), step.text);
-        } else if (step.kind == "needs") {
-            if (step.text == "pi" && !PiBuilt()) GTEST_SKIP() << "known gap: `pi` not built yet";
         } else if (step.kind == "depth") {
             EXPECT_EQ(app.stack.count(), std::stoi(step.text));
         } else {

@@ -27,27 +27,6 @@ inline UnitVector units(int32_t l, int32_t m, int32_t t, int32_t n = 0, int32_t 
     return UnitVector{l, m, t, n, k, a, cd, rad};
 }
 
-// Whether the keyword's handler has been built: run on a scratch state it
-// must not report "Not Implemented". `pi` is needed by the factor texts
-// "pi/180.0", "pi/200.0", "pi/30.0", "10000.0/pi", "1.0/0.09290304/pi" and
-// by several constants; `^` by "e0" and "ke".
-inline bool KeywordBuilt(std::u16string_view name, int operands = 0) {
-    AppState state;
-    RecordingHost host;
-    state.host = &host;
-    for (int i = 0; i < operands; ++i) state.stack.push(Item::integer(bigIntFromI32(2)));
-    KeywordRow(name).handler(state, state.stack);
-    return host.shownText() != u"Not Implemented";
-}
-
-inline bool PiBuilt() { return KeywordBuilt(u"pi"); }
-inline bool PowerBuilt() { return KeywordBuilt(u"^", 2); }
-
-// True when a unit row's factor text uses `pi`.
-inline bool FactorNeedsPi(const char16_t* factor) {
-    return factor != nullptr && std::u16string_view(factor).find(u"pi") != std::u16string_view::npos;
-}
-
 class UnitsTest : public HandlerTest {
 protected:
     void rpn(std::u16string_view line) { RunCommandLine(app, line, 0); }

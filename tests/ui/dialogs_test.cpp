@@ -103,7 +103,6 @@ private slots:
     // Double-clicking "hbar" evaluates h/2π with Length 2, Mass 1, Time -1
     // and closes the dialog.
     void constantsDoubleClickHbar() {
-        QSKIP("Known pending: needs pi, sqrt and the power handler wired to the elementary functions");
         uitest::WindowFixture f;
         ConstantsDialog dialog(f.app());
         dialog.open();
@@ -122,7 +121,6 @@ private slots:
     // Through the "Const" key: the entry field receives the number followed
     // by its unit text in double quotes; the stack is as before.
     void constKeyTypesHbarIntoTheEntry() {
-        QSKIP("Known pending: needs pi, sqrt and the power handler wired to the elementary functions");
         uitest::WindowFixture f;
         f.enter(QStringLiteral("7"));
         f.window().entry()->setText(QStringLiteral("2"));
