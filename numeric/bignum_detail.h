@@ -48,4 +48,9 @@ inline int pairFromBottom(const uint8_t* bytes, int32_t length, int64_t offset) 
     return digitFromBottom(bytes, length, offset + 1) * 10 + digitFromBottom(bytes, length, offset);
 }
 
+// The truncated product of multiply, its columns summed pair by pair
+// (byLimbs false) or on limbs of four pairs (byLimbs true, operands of at
+// most 4000 bytes); both give the identical result. multiply picks one.
+BigNum multiplyWith(const BigNum& a, const BigNum& b, bool byLimbs);
+
 }  // namespace quorvel::bignum_detail

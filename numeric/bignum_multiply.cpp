@@ -1,4 +1,11 @@
 // BigNum multiplication: the truncated schoolbook product with one guard pair.
+//
+// The product keeps every pair product a_i b_j whose byte index i + j reaches
+// the lowest summed column and drops the rest. Two ways compute that same
+// truncated sum: byte by byte (columnsBytewise), and on limbs of four pairs
+// (columnsByLimbs), where the limb products that straddle the lowest column
+// are taken apart pair by pair. Both yield the same integer, so the rounded
+// result is identical (tests/bignum_multiply_differential_test.cpp).
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -11,7 +18,125 @@ namespace quorvel {
 using bignum_detail::incrementExponent;
 using bignum_detail::wrapsInt32;
 
-BigNum multiply(const BigNum& a, const BigNum& b) {
+namespace {
+
+// Summed columns under the guard pair: kept for their carry into the guard,
+// so that at 508 bytes the dropped products stay far below one unit of the
+// last pair.
+constexpr int32_t Below = 2;
+
+// Limbs of four base-100 pairs (base 10^8).
+constexpr int32_t PairsPerLimb = 4;
+constexpr uint64_t LimbBase = 100000000;
+// Up to this many limbs per operand a column of limb products (each below
+// 10^16) cannot overflow 64 bits.
+constexpr int32_t MaxLimbs = 1000;
+
+// Base-100 columns 0..width-1 of the truncated sum: column k holds the pair
+// products with i + j - lowest = k, carried into base 100 (returns the carry
+// out of the top column, which normalised-length operands never produce).
+uint64_t columnsBytewise(const BigNum& a, const BigNum& b, int32_t lowest, std::vector<uint8_t>& out) {
+    const int32_t la = a.length();
+    const int32_t lb = b.length();
+    const std::size_t width = out.size();
+    std::vector<uint32_t> columns(width, 0);
+    const uint8_t* ad = a.digits.data();
+    uint32_t* col = columns.data();
+    for (int32_t j = 0; j < lb; ++j) {
+        const uint32_t bj = b.digits[j];
+        if (bj == 0) continue;
+        const int32_t base = j - lowest;   // column of a's byte 0
+        const int32_t first = base < 0 ? -base : 0;
+        int32_t last = static_cast<int32_t>(width) - base;   // columns above the top are not needed
+        if (last > la) last = la;
+        for (int32_t i = first; i < last; ++i) col[base + i] += ad[i] * bj;
+    }
+    uint64_t carry = 0;
+    for (std::size_t k = 0; k < width; ++k) {
+        const uint64_t v = columns[k] + carry;
+        carry = v / 100;
+        out[k] = static_cast<uint8_t>(v % 100);
+    }
+    return carry;
+}
+
+std::vector<uint64_t> toLimbs(const BigNum& x) {
+    const int32_t count = (x.length() + PairsPerLimb - 1) / PairsPerLimb;
+    std::vector<uint64_t> limbs(static_cast<std::size_t>(count), 0);
+    for (int32_t i = x.length() - 1; i >= 0; --i) {
+        uint64_t& limb = limbs[static_cast<std::size_t>(i / PairsPerLimb)];
+        limb = limb * 100 + x.digits[static_cast<std::size_t>(i)];
+    }
+    return limbs;
+}
+
+// The same columns as columnsBytewise, from products of base-10^8 limbs.
+uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::vector<uint8_t>& out) {
+    const std::vector<uint64_t> A = toLimbs(a);
+    const std::vector<uint64_t> B = toLimbs(b);
+    const int32_t na = static_cast<int32_t>(A.size());
+    const int32_t nb = static_cast<int32_t>(B.size());
+    // sum[c]: limb products of limb index c (byte index 4c), not yet carried.
+    std::vector<uint64_t> sum(static_cast<std::size_t>(na + nb) + 1, 0);
+    // Limb pairs I + J >= full lie wholly at or above the lowest column; the
+    // pairs just below reach it with some of their pair products only.
+    const int32_t full = lowest <= 0 ? 0 : (lowest + PairsPerLimb - 1) / PairsPerLimb;
+    constexpr int32_t Reach = 2 * (PairsPerLimb - 1);   // highest pair offset inside a limb product
+    for (int32_t J = 0; J < nb; ++J) {
+        const uint64_t bJ = B[static_cast<std::size_t>(J)];
+        if (bJ == 0) continue;
+        int32_t I = full - J;
+        if (I < 0) I = 0;
+        uint64_t* s = sum.data() + J;
+        for (int32_t i = I; i < na; ++i) s[i] += A[static_cast<std::size_t>(i)] * bJ;
+        // Straddling limb pairs: sum their pair products that reach `lowest`.
+        for (int32_t i = I - 1; i >= 0 && PairsPerLimb * (i + J) + Reach >= lowest; --i) {
+            for (int32_t u = 0; u < PairsPerLimb; ++u) {
+                const int32_t jb = PairsPerLimb * J + u;
+                if (jb >= b.length()) break;
+                const uint64_t bj = b.digits[static_cast<std::size_t>(jb)];
+                uint64_t weight = 1;
+                for (int32_t r = 0; r < PairsPerLimb; ++r, weight *= 100) {
+                    const int32_t ia = PairsPerLimb * i + r;
+                    if (ia >= a.length()) break;
+                    if (ia + jb < lowest) continue;
+                    uint64_t w = weight;
+                    for (int32_t k = 0; k < u; ++k) w *= 100;
+                    s[i] += a.digits[static_cast<std::size_t>(ia)] * bj * w;
+                }
+            }
+        }
+    }
+    // Carry into base 10^8 and read the pairs from byte index `lowest` up; the
+    // pairs below it are zero, as every kept product lies at or above it.
+    const std::size_t width = out.size();
+    std::size_t k = 0;
+    uint64_t carry = 0;
+    uint64_t rest = 0;   // what lies above the top column
+    uint64_t restScale = 1;
+    for (std::size_t c = 0; c < sum.size(); ++c) {
+        const uint64_t v = sum[c] + carry;
+        carry = v / LimbBase;
+        uint64_t limb = v % LimbBase;
+        for (int32_t r = 0; r < PairsPerLimb; ++r, limb /= 100) {
+            const int64_t index = static_cast<int64_t>(c) * PairsPerLimb + r - lowest;
+            if (index < 0) continue;
+            if (static_cast<std::size_t>(index) < width) {
+                out[static_cast<std::size_t>(index)] = static_cast<uint8_t>(limb % 100);
+                k = static_cast<std::size_t>(index) + 1;
+            } else if (restScale < 100000000) {
+                rest += (limb % 100) * restScale;
+                restScale *= 100;
+            }
+        }
+    }
+    for (; k < width; ++k) out[k] = 0;
+    return rest + carry * restScale;
+}
+
+}  // namespace
+
+BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimbs) {
     const int32_t length = a.length() > b.length() ? a.length() : b.length();
     if (a.isNaN() || b.isNaN()) return makeNaN();
     // A zero operand is tested before infinity, so zero times infinity is zero.
@@ -22,51 +147,38 @@ BigNum multiply(const BigNum& a, const BigNum& b) {
     if (wrapsInt32(exponent)) return makeInfinity(length, sign);
 
     // Full-product byte index i + j lands on result byte i + j - drop. Result
-    // bytes 0..length-1 and the guard pair (byte -1) are kept; the two columns
-    // below the guard are summed too, only for their carry into the guard, so
-    // that at 508 bytes the dropped products stay far below one unit of the
-    // last pair. Lower products are dropped. Column sums are kept in 32 bits
-    // and carried once at the end.
-    const int32_t la = a.length();
-    const int32_t lb = b.length();
-    const int32_t drop = la + lb - length;
-    constexpr int32_t Below = 2;   // summed columns under the guard
+    // bytes 0..length-1, the guard pair (byte -1) and the Below columns under
+    // it are summed; lower products are dropped.
+    const int32_t drop = a.length() + b.length() - length;
+    const int32_t lowest = drop - Below - 1;
     // [0..Below-1] the columns under the guard, [Below] the guard, then the result bytes.
-    std::vector<uint32_t> columns(static_cast<std::size_t>(length) + Below + 1, 0);
-    const uint8_t* ad = a.digits.data();
-    uint32_t* col = columns.data();
-    for (int32_t j = 0; j < lb; ++j) {
-        const uint32_t bj = b.digits[j];
-        if (bj == 0) continue;
-        const int32_t base = j - drop + Below + 1;   // column of a's byte 0
-        const int32_t first = base < 0 ? -base : 0;
-        for (int32_t i = first; i < la; ++i) col[base + i] += ad[i] * bj;
-    }
+    std::vector<uint8_t> columns(static_cast<std::size_t>(length) + Below + 1, 0);
+    uint64_t carry = byLimbs ? columnsByLimbs(a, b, lowest, columns) : columnsBytewise(a, b, lowest, columns);
 
     BigNum r = makeZero(length);
     r.exponent = static_cast<int32_t>(exponent);
     r.sign = sign;
-    uint64_t carry = 0;
-    int guard = 0;
-    for (int32_t k = 0; k <= length + Below; ++k) {
-        const uint64_t v = columns[k] + carry;
-        carry = v / 100;
-        if (k == Below) {
-            guard = static_cast<int>(v % 100);
-        } else if (k > Below) {
-            r.digits[k - Below - 1] = static_cast<uint8_t>(v % 100);
-        }
-    }
+    const int guard = columns[Below];
+    for (int32_t k = 0; k < length; ++k) r.digits[k] = columns[static_cast<std::size_t>(k + Below + 1)];
     // A carry out of the top is shifted in digit by digit (it cannot arise from
     // normalised operands, whose mantissa product stays below 100).
+    int g = guard;
     while (carry != 0) {
-        guard = (r.digits[0] % 10) * 10 + guard / 10;
+        g = (r.digits[0] % 10) * 10 + g / 10;
         shiftRightOneDigit(r, static_cast<int>(carry % 10));
         if (!incrementExponent(r)) return r;
         carry /= 10;
     }
-    normalize(r, guard);
+    normalize(r, g);
     return r;
+}
+
+BigNum multiply(const BigNum& a, const BigNum& b) {
+    // Short operands gain nothing from limbs; very long ones could overflow
+    // the 64-bit limb columns.
+    const bool byLimbs = a.length() >= 8 && b.length() >= 8 && a.length() <= PairsPerLimb * MaxLimbs &&
+                         b.length() <= PairsPerLimb * MaxLimbs;
+    return bignum_detail::multiplyWith(a, b, byLimbs);
 }
 
 void multiplyInPlace(BigNum& a, const BigNum& b) {

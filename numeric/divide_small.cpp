@@ -3,13 +3,18 @@
 // divide(a, fromInt(a.length(), v)) (tests/divide_small_test.cpp compares the
 // two on many cases). Only the bookkeeping of the remainder differs.
 //
-// When a step overshoots, divide replaces the remainder's magnitude by
-// q x divisor minus it, which rewrites every byte below the step: with a long
-// dividend and a short divisor that is most of the work. Here the bytes below
-// the lowest one any step has touched stay "lazy": they are the dividend's
-// own bytes, or their hundreds' complement after an odd number of such
-// rewrites, and are produced only when a step reaches them. Each step then
-// costs a few bytes, as the divisor is short.
+// divide keeps the running remainder's magnitude in a window of bytes and
+// subtracts q x divisor from it at each step. With a short divisor the
+// remainder is, at every step, a short signed integer W over the dividend's
+// own digits still below some decimal position p:
+//     remainder = W x 10^p + (the dividend's digits below p),
+// which is exact for either sign of W. A step subtracts (or, for a negative
+// remainder, adds) q x divisor x 10^shift from W once p has been lowered to
+// the shift, and the quotient digit goes to a signed digit array that is
+// carried once at the end. The leading digits the estimates read are those of
+// |W| (less one when W is negative and the dividend digits below p are not
+// all zero: the magnitude is then |W| x 10^p minus them). So every step costs
+// a few machine operations.
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -47,88 +52,54 @@ void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int s
 
 int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
 
-// The running remainder's magnitude in a window of n + 1 bytes whose bytes
-// below `lazyBelow` are not stored yet.
-class Remainder {
-public:
-    Remainder(const BigNum& a, int32_t n) : n_(n), original_(static_cast<std::size_t>(n) + 1, 0),
-                                            bytes_(static_cast<std::size_t>(n) + 1, 0), lazyBelow_(n + 1) {
-        const int32_t la = a.length();
-        for (int32_t k = 0; k < la; ++k) original_[n - 1 - k] = a.digits[la - 1 - k];
-        lowestNonzero_ = n + 1;
-        for (int32_t i = 0; i <= n; ++i) {
-            if (original_[i] != 0) {
-                lowestNonzero_ = i;
-                break;
-            }
-        }
+constexpr int64_t Pow10[] = {1,
+                             10,
+                             100,
+                             1000,
+                             10000,
+                             100000,
+                             1000000,
+                             10000000,
+                             100000000,
+                             1000000000,
+                             10000000000,
+                             100000000000,
+                             1000000000000,
+                             10000000000000,
+                             100000000000000,
+                             1000000000000000,
+                             10000000000000000,
+                             100000000000000000};
+
+// Number of decimal digits of m >= 1.
+int digitCount(int64_t m) {
+    int count = 1;
+    while (count < 18 && m >= Pow10[count]) ++count;
+    return count;
+}
+
+// m / 10^k for k in 0..15, by constant divisors (a variable 64-bit division
+// costs more than the rest of a step).
+int64_t dividedByPow10(int64_t m, int k) {
+    switch (k) {
+        case 0: return m;
+        case 1: return m / 10;
+        case 2: return m / 100;
+        case 3: return m / 1000;
+        case 4: return m / 10000;
+        case 5: return m / 100000;
+        case 6: return m / 1000000;
+        case 7: return m / 10000000;
+        case 8: return m / 100000000;
+        case 9: return m / 1000000000;
+        case 10: return m / 10000000000;
+        case 11: return m / 100000000000;
+        case 12: return m / 1000000000000;
+        case 13: return m / 10000000000000;
+        case 14: return m / 100000000000000;
+        default: return m / Pow10[k];
     }
-
-    // Byte i, produced first when it is still lazy.
-    uint8_t& at(int32_t i) {
-        materialize(i);
-        return bytes_[static_cast<std::size_t>(i)];
-    }
-
-    // Produces every byte from index i upward.
-    void materialize(int32_t i) {
-        while (lazyBelow_ > i) {
-            --lazyBelow_;
-            bytes_[lazyBelow_] = lazyByte(lazyBelow_);
-        }
-    }
-
-    // Decimal digit t counted from the window's top (bottom position 2n - 1 - t).
-    int digit(int64_t t) {
-        const int64_t position = 2 * static_cast<int64_t>(n_) - 1 - t;
-        if (position < 0 || position >= 2 * static_cast<int64_t>(n_ + 1)) return 0;
-        const int byte = at(static_cast<int32_t>(position / 2));
-        return (position % 2 == 0) ? byte % 10 : byte / 10;
-    }
-
-    // True when a byte below index `low` (produced or lazy) is nonzero.
-    bool anyNonzeroBelow(int32_t low) const {
-        for (int32_t i = lazyBelow_; i < low; ++i) {
-            if (bytes_[i] != 0) return true;
-        }
-        return lowestNonzero_ < lazyBelow_ && lowestNonzero_ < low;
-    }
-
-    // Replaces the bytes below index `low` by their hundreds' complement and
-    // returns the borrow into byte `low` (1 when they were nonzero). Bytes from
-    // `low` up must already be produced.
-    int complementBelow(int32_t low) {
-        // The lazy part flips between the dividend's bytes and their complement;
-        // it borrows from the stored part above it when it is nonzero.
-        int borrow = lowestNonzero_ < lazyBelow_ ? 1 : 0;
-        complemented_ = !complemented_;
-        for (int32_t i = lazyBelow_; i < low; ++i) {
-            const int v = -bytes_[i] - borrow;
-            borrow = v < 0 ? 1 : 0;
-            bytes_[i] = static_cast<uint8_t>(v + 100 * borrow);
-        }
-        return borrow;
-    }
-
-    int32_t lazyBelow() const { return lazyBelow_; }
-
-private:
-    // Byte i of the lazy part: the dividend's byte, or the byte of the
-    // complement of the dividend's bytes below i + 1.
-    uint8_t lazyByte(int32_t i) const {
-        const int d = original_[i];
-        if (!complemented_) return static_cast<uint8_t>(d);
-        if (lowestNonzero_ < i) return static_cast<uint8_t>(99 - d);
-        return static_cast<uint8_t>(d == 0 ? 0 : 100 - d);
-    }
-
-    int32_t n_;
-    std::vector<uint8_t> original_;
-    std::vector<uint8_t> bytes_;
-    int32_t lazyBelow_;
-    int32_t lowestNonzero_;
-    bool complemented_ = false;
-};
+}
 
 }  // namespace
 
@@ -140,105 +111,105 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
     const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
     if (wrapsInt32(exponent)) return makeInfinity(length, sign);
 
+    // The window of divide: n + 1 bytes, the dividend in bytes n - 1 down to
+    // n - length (= 2), decimal positions counted from the window's bottom.
     const int32_t n = length + 2;
-    Remainder rem(a, n);
-
-    int32_t lowZeros = 0;
-    while (b.digits[lowZeros] == 0) ++lowZeros;
-    const uint8_t* divisor = b.digits.data() + lowZeros;
-    const int32_t lb = b.length() - lowZeros;
-    const int32_t width = lb + 1;
-    std::vector<uint8_t> multiples(static_cast<std::size_t>(18) * width, 0);
-    for (int q = 1; q <= 9; ++q) {
-        uint8_t* m = &multiples[static_cast<std::size_t>(q - 1) * width];
-        uint8_t* m10 = &multiples[static_cast<std::size_t>(q + 8) * width];
-        int carry = 0;
-        for (int32_t k = 0; k < width; ++k) {
-            const int value = (k < lb ? divisor[k] * q : 0) + carry;
-            m[k] = static_cast<uint8_t>(value % 100);
-            carry = value / 100;
-        }
-        for (int32_t k = 0; k < width; ++k) {
-            m10[k] = static_cast<uint8_t>((m[k] % 10) * 10 + (k > 0 ? m[k - 1] / 10 : 0));
+    std::vector<int8_t> dividendDigits(static_cast<std::size_t>(2 * (n + 1)), 0);
+    for (int32_t k = 0; k < length; ++k) {
+        const int pair = a.digits[static_cast<std::size_t>(k)];
+        const std::size_t byte = static_cast<std::size_t>(k + n - length);
+        dividendDigits[2 * byte] = static_cast<int8_t>(pair % 10);
+        dividendDigits[2 * byte + 1] = static_cast<int8_t>(pair / 10);
+    }
+    // The dividend's digits below p are all zero exactly when p <= lowestNonzero.
+    int32_t lowestNonzero = 2 * (n + 1);
+    for (int32_t position = 0; position < 2 * (n + 1); ++position) {
+        if (dividendDigits[static_cast<std::size_t>(position)] != 0) {
+            lowestNonzero = position;
+            break;
         }
     }
-    const int divisorTop = divisor[lb - 1];
-    // The estimate from two leading digits, for every value they can take.
+
+    // The divisor without its low zero bytes: its integer value and top pair.
+    int32_t lowZeros = 0;
+    while (b.digits[lowZeros] == 0) ++lowZeros;
+    const int32_t lb = b.length() - lowZeros;
+    int64_t divisorValue = 0;
+    for (int32_t k = lb - 1; k >= 0; --k) divisorValue = divisorValue * 100 + b.digits[lowZeros + k];
+    const int divisorTop = b.digits[lowZeros + lb - 1];
     int estimateOfLead[100];
     for (int lead = 0; lead < 100; ++lead) estimateOfLead[lead] = estimateDigit(lead, divisorTop);
 
-    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
+    int32_t p = 2 * (n + 1);   // nothing of the dividend taken into W yet
+    int64_t W = 0;
+    const auto lower = [&] {
+        --p;
+        W = W * 10 + dividendDigits[static_cast<std::size_t>(p)];
+    };
+
+    // Signed quotient digits at decimal positions from the bottom of the
+    // quotient (digit s from the top lands at lastDigit - s).
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
+    std::vector<int32_t> quotientDigits(static_cast<std::size_t>(2 * length + 2), 0);
     int correction = 0;
-    int remSign = 1;
-    int32_t topIndex = n;
     const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
     for (int64_t step = 0; step < stepLimit; ++step) {
-        while (topIndex >= 0 && rem.at(topIndex) == 0) --topIndex;
-        if (topIndex < 0) break;
-        const int64_t t = 2 * static_cast<int64_t>(n - 1 - topIndex) + (rem.at(topIndex) < 10 ? 1 : 0);
-        if (t > lastDigit + 1) break;
-        const int lead = rem.digit(t) * 10 + rem.digit(t + 1);
+        // Enough of the remainder in W to read its three leading digits.
+        while (p > 0 && W > -1001 && W < 1001) lower();
+        if (W == 0) break;   // exact
+        int64_t lead3 = W > 0 ? W : -W;
+        if (W < 0 && p > lowestNonzero) --lead3;   // |W| x 10^p less the nonzero digits below
+        const int count = digitCount(lead3);
+        // |W| stays within about 2 x lb + 6 digits; should it ever grow past
+        // what 64 bits hold safely, the general division takes over.
+        if (count > 15) return divide(a, b);
+        const int64_t top = static_cast<int64_t>(p) + count - 1;   // position of the leading digit
+        const int64_t t = 2 * static_cast<int64_t>(n) - 1 - top;   // as a window digit from the top
+        if (t > lastDigit + 1) break;   // more than 2L digits below the start
+        // The leading three digits (a shorter |W| at p = 0 reads zeros below).
+        const int64_t leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
+        const int lead = static_cast<int>(leading / 10);
         int q = estimateOfLead[lead];
         int64_t s = t;
         if (q < 1) {
-            q = estimateDigit(lead * 10 + rem.digit(t + 2), divisorTop);
+            q = estimateDigit(static_cast<int>(leading), divisorTop);
             if (q < 1) q = 1;
             if (q > 9) q = 9;
             s = t + 1;
         } else if (q > 9) {
             q = 9;
         }
+        // q x divisor with its lowest digit at `shift`; below the window's
+        // bottom its digits are dropped, as divide drops them.
         const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
-        const bool odd = (shift % 2) != 0;
-        const int64_t offset = (odd ? shift - 1 : shift) / 2;
-        const uint8_t* m = &multiples[static_cast<std::size_t>(odd ? q + 8 : q - 1) * width];
-        const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
-        const int64_t top = offset + width - 1;
-        const int32_t high = top < n ? static_cast<int32_t>(top) : n;
-        rem.materialize(low);
-        int order = 0;
-        for (int32_t idx = topIndex > high ? topIndex : high; idx >= low; --idx) {
-            const int w = rem.at(idx);
-            const int tm = idx <= high ? m[idx - offset] : 0;
-            if (w != tm) {
-                order = w > tm ? 1 : -1;
-                break;
-            }
-        }
-        if (order == 0 && rem.anyNonzeroBelow(low)) order = 1;
-        const int before = remSign;
-        int borrow = 0;
-        if (order >= 0) {
-            for (int32_t idx = low; idx <= high; ++idx) {
-                uint8_t& w = rem.at(idx);
-                const int value = w - m[idx - offset] - borrow;
-                borrow = value < 0 ? 1 : 0;
-                w = static_cast<uint8_t>(value + 100 * borrow);
-            }
-            for (int32_t idx = high + 1; borrow != 0 && idx <= n; ++idx) {
-                uint8_t& w = rem.at(idx);
-                const int value = w - 1;
-                borrow = value < 0 ? 1 : 0;
-                w = static_cast<uint8_t>(value + 100 * borrow);
-            }
+        int64_t subtrahend = q * divisorValue;
+        if (shift >= 0) {
+            while (p > shift) lower();
+            subtrahend *= Pow10[shift - p];
         } else {
-            borrow = rem.complementBelow(low);
-            for (int32_t idx = low; idx <= high; ++idx) {
-                uint8_t& w = rem.at(idx);
-                const int value = m[idx - offset] - w - borrow;
-                borrow = value < 0 ? 1 : 0;
-                w = static_cast<uint8_t>(value + 100 * borrow);
-            }
-            remSign = -remSign;
+            while (p > 0) lower();
+            subtrahend = dividedByPow10(subtrahend, static_cast<int>(-shift));
         }
+        const int before = W > 0 ? 1 : -1;
+        W -= before * subtrahend;
         if (s <= lastDigit) {
-            addSignedAt(quotient, q, lastDigit - s, before);
+            quotientDigits[static_cast<std::size_t>(lastDigit - s)] += before * q;
         } else {
             correction += before * q * (s == lastDigit + 1 ? 10 : 1);
         }
     }
 
+    // The signed digits carried into length + 1 bytes (modulo their range, as
+    // divide's byte additions drop what leaves the top).
+    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
+    int64_t carry = 0;
+    for (std::size_t position = 0; position < quotientDigits.size(); ++position) {
+        const int64_t value = quotientDigits[position] + carry;
+        int64_t digit = value % 10;
+        if (digit < 0) digit += 10;
+        carry = (value - digit) / 10;
+        quotient[position / 2] = static_cast<uint8_t>(quotient[position / 2] + (position % 2 == 0 ? digit : 10 * digit));
+    }
     while (correction < 0) {
         addSignedAt(quotient, 1, 0, -1);
         correction += 100;
