@@ -95,6 +95,7 @@ int RunConsole(const Options& options) {
             continue;
         }
         if (!line) break;
+        app.abortFlag = false;   // a stop applies to the line it interrupted only
         auto result = EvaluateText(app, fromUtf8(*line));
         if (result) {
             if (auto text = DisplayText(app, *result, app.digits, 0x80)) host.consoleWrite(*text);

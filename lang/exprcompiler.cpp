@@ -19,15 +19,16 @@ public:
 
     ExprList run() {
         while (auto token = reader_.next(app_)) {
-            if (!take(std::move(*token))) break;
+            if (!take(*token)) break;
         }
         reduce(0);
         return std::move(output_);
     }
 
 private:
-    // Handles one token; false when the expression ends with it.
-    bool take(Item token) {
+    // Handles one token (taken over from the reader); false when the
+    // expression ends with it.
+    bool take(Item& token) {
         switch (token.type) {
             case ItemType::Integer:
             case ItemType::ReservedNumeric:

@@ -4,16 +4,24 @@
 
 #include <iterator>
 #include <type_traits>
+#include <utility>
 
 namespace quorvel {
 
 namespace {
 
-Item makeItem(ItemType type, Item::Value value, const UnitVector& units = NoUnits) {
+// Builds a single value in place as its own alternative, with no variant in
+// between; a whole variant (a duplicate's) is moved in.
+template <class T>
+Item makeItem(ItemType type, T&& value, const UnitVector& units = NoUnits) {
     Item item;
     item.type = type;
     item.units = units;
-    item.value = std::move(value);
+    if constexpr (std::is_same_v<std::decay_t<T>, Item::Value>) {
+        item.value = std::forward<T>(value);
+    } else {
+        item.value.emplace<std::decay_t<T>>(std::forward<T>(value));
+    }
     return item;
 }
 

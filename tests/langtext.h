@@ -54,8 +54,13 @@ inline std::string realText(const BigNum& x) {
     while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
     std::string text = x.sign < 0 ? "-" : "";
     text += digits.substr(0, 1);
-    if (digits.size() > 1) text += "." + digits.substr(1);
-    return text + "E" + std::to_string(x.exponent);
+    if (digits.size() > 1) {
+        text += '.';
+        text.append(digits, 1, std::string::npos);
+    }
+    text += 'E';
+    text += std::to_string(x.exponent);
+    return text;
 }
 
 // Integers in decimal, reals as "r" plus "d.dddEexp", strings in double
