@@ -28,6 +28,7 @@ constexpr int32_t Below = 2;
 // Limbs of four base-100 pairs (base 10^8).
 constexpr int32_t PairsPerLimb = 4;
 constexpr uint64_t LimbBase = 100000000;
+constexpr uint64_t PairScale[PairsPerLimb] = {1, 100, 10000, 1000000};   // 100^k
 // Up to this many limbs per operand a column of limb products (each below
 // 10^16) cannot overflow 64 bits.
 constexpr int32_t MaxLimbs = 1000;
@@ -60,20 +61,29 @@ uint64_t columnsBytewise(const BigNum& a, const BigNum& b, int32_t lowest, std::
     return carry;
 }
 
-std::vector<uint64_t> toLimbs(const BigNum& x) {
-    const int32_t count = (x.length() + PairsPerLimb - 1) / PairsPerLimb;
-    std::vector<uint64_t> limbs(static_cast<std::size_t>(count), 0);
-    for (int32_t i = x.length() - 1; i >= 0; --i) {
-        uint64_t& limb = limbs[static_cast<std::size_t>(i / PairsPerLimb)];
-        limb = limb * 100 + x.digits[static_cast<std::size_t>(i)];
+// x's pairs in limbs of four (base 10^8), least significant first; 32 bits
+// each, so that the compiler can use widening 32 x 32 -> 64 multiplies.
+std::vector<uint32_t> toLimbs(const BigNum& x) {
+    const int32_t length = x.length();
+    const int32_t count = (length + PairsPerLimb - 1) / PairsPerLimb;
+    std::vector<uint32_t> limbs(static_cast<std::size_t>(count), 0);
+    const uint8_t* d = x.digits.data();
+    const int32_t whole = length / PairsPerLimb;
+    for (int32_t i = 0; i < whole; ++i) {
+        const uint8_t* p = d + PairsPerLimb * i;
+        limbs[static_cast<std::size_t>(i)] = p[0] + 100u * p[1] + 10000u * p[2] + 1000000u * p[3];
+    }
+    for (int32_t i = length - 1; i >= PairsPerLimb * whole; --i) {
+        uint32_t& limb = limbs[static_cast<std::size_t>(whole)];
+        limb = limb * 100 + d[i];
     }
     return limbs;
 }
 
 // The same columns as columnsBytewise, from products of base-10^8 limbs.
 uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::vector<uint8_t>& out) {
-    const std::vector<uint64_t> A = toLimbs(a);
-    const std::vector<uint64_t> B = toLimbs(b);
+    const std::vector<uint32_t> A = toLimbs(a);
+    const std::vector<uint32_t> B = toLimbs(b);
     const int32_t na = static_cast<int32_t>(A.size());
     const int32_t nb = static_cast<int32_t>(B.size());
     // sum[c]: limb products of limb index c (byte index 4c), not yet carried.
@@ -82,28 +92,28 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
     // pairs just below reach it with some of their pair products only.
     const int32_t full = lowest <= 0 ? 0 : (lowest + PairsPerLimb - 1) / PairsPerLimb;
     constexpr int32_t Reach = 2 * (PairsPerLimb - 1);   // highest pair offset inside a limb product
+    const uint32_t* a32 = A.data();
+    const auto startOf = [&](int32_t J) { return full - J > 0 ? full - J : 0; };
+    for (int32_t J = 0; J < nb; ++J) {
+        const uint32_t bJ = B[static_cast<std::size_t>(J)];
+        uint64_t* s = sum.data() + J;
+        for (int32_t i = startOf(J); i < na; ++i) s[i] += static_cast<uint64_t>(a32[i]) * bJ;
+    }
+    // Straddling limb pairs: only the pair products a_r b_u with byte index
+    // 4(i + J) + r + u >= lowest count, that is a_r times b_J's pairs from
+    // lowest - 4(i + J) - r up: b_J with its lower pairs cleared.
     for (int32_t J = 0; J < nb; ++J) {
         const uint64_t bJ = B[static_cast<std::size_t>(J)];
-        if (bJ == 0) continue;
-        int32_t I = full - J;
-        if (I < 0) I = 0;
         uint64_t* s = sum.data() + J;
-        for (int32_t i = I; i < na; ++i) s[i] += A[static_cast<std::size_t>(i)] * bJ;
-        // Straddling limb pairs: sum their pair products that reach `lowest`.
-        for (int32_t i = I - 1; i >= 0 && PairsPerLimb * (i + J) + Reach >= lowest; --i) {
-            for (int32_t u = 0; u < PairsPerLimb; ++u) {
-                const int32_t jb = PairsPerLimb * J + u;
-                if (jb >= b.length()) break;
-                const uint64_t bj = b.digits[static_cast<std::size_t>(jb)];
-                uint64_t weight = 1;
-                for (int32_t r = 0; r < PairsPerLimb; ++r, weight *= 100) {
-                    const int32_t ia = PairsPerLimb * i + r;
-                    if (ia >= a.length()) break;
-                    if (ia + jb < lowest) continue;
-                    uint64_t w = weight;
-                    for (int32_t k = 0; k < u; ++k) w *= 100;
-                    s[i] += a.digits[static_cast<std::size_t>(ia)] * bj * w;
-                }
+        for (int32_t i = startOf(J) - 1; i >= 0 && PairsPerLimb * (i + J) + Reach >= lowest; --i) {
+            const int32_t missing = lowest - PairsPerLimb * (i + J);   // 1..Reach
+            uint64_t a = A[static_cast<std::size_t>(i)];
+            uint64_t weight = 1;
+            for (int32_t r = 0; r < PairsPerLimb; ++r, weight *= 100, a /= 100) {
+                const int32_t cleared = missing - r;   // lower pairs of b_J to leave out
+                if (cleared >= PairsPerLimb) continue;
+                const uint64_t high = cleared <= 0 ? bJ : bJ - bJ % PairScale[cleared];
+                s[i] += (a % 100) * weight * high;
             }
         }
     }

@@ -15,6 +15,8 @@
 // |W| (less one when W is negative and the dividend digits below p are not
 // all zero: the magnitude is then |W| x 10^p minus them). So every step costs
 // a few machine operations.
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -50,7 +52,18 @@ void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int s
     }
 }
 
-int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
+constexpr int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
+
+// estimateDigit(r, d) for every leading value r of up to three digits and
+// every top pair d (10..99) of a normalised divisor.
+using EstimateRow = std::array<int8_t, 1000>;
+constexpr std::array<EstimateRow, 90> EstimateTable = [] {
+    std::array<EstimateRow, 90> table{};
+    for (int d = 10; d < 100; ++d) {
+        for (int r = 0; r < 1000; ++r) table[static_cast<std::size_t>(d - 10)][static_cast<std::size_t>(r)] = static_cast<int8_t>(estimateDigit(r, d));
+    }
+    return table;
+}();
 
 constexpr int64_t Pow10[] = {1,
                              10,
@@ -69,36 +82,27 @@ constexpr int64_t Pow10[] = {1,
                              100000000000000,
                              1000000000000000,
                              10000000000000000,
-                             100000000000000000};
+                             100000000000000000,
+                             1000000000000000000};
 
-// Number of decimal digits of m >= 1.
+constexpr double InversePow10[] = {1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,
+                                   1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18};
+
+// Number of decimal digits of 1 <= m < 10^18.
 int digitCount(int64_t m) {
-    int count = 1;
-    while (count < 18 && m >= Pow10[count]) ++count;
-    return count;
+    const int bits = 64 - std::countl_zero(static_cast<uint64_t>(m));
+    const int below = (bits * 1233) >> 12;   // floor(log10(2^bits)), one short at most
+    return below + (m >= Pow10[below] ? 1 : 0);
 }
 
-// m / 10^k for k in 0..15, by constant divisors (a variable 64-bit division
-// costs more than the rest of a step).
+// floor(m / 10^k) for 0 <= m < 2^52 and k <= 18: a double estimate, then
+// corrected by one either way (a variable 64-bit division costs more than the
+// rest of a step).
 int64_t dividedByPow10(int64_t m, int k) {
-    switch (k) {
-        case 0: return m;
-        case 1: return m / 10;
-        case 2: return m / 100;
-        case 3: return m / 1000;
-        case 4: return m / 10000;
-        case 5: return m / 100000;
-        case 6: return m / 1000000;
-        case 7: return m / 10000000;
-        case 8: return m / 100000000;
-        case 9: return m / 1000000000;
-        case 10: return m / 10000000000;
-        case 11: return m / 100000000000;
-        case 12: return m / 1000000000000;
-        case 13: return m / 10000000000000;
-        case 14: return m / 100000000000000;
-        default: return m / Pow10[k];
-    }
+    int64_t q = static_cast<int64_t>(static_cast<double>(m) * InversePow10[k]);
+    if (q * Pow10[k] > m) --q;
+    if ((q + 1) * Pow10[k] <= m) ++q;
+    return q;
 }
 
 }  // namespace
@@ -136,9 +140,7 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
     const int32_t lb = b.length() - lowZeros;
     int64_t divisorValue = 0;
     for (int32_t k = lb - 1; k >= 0; --k) divisorValue = divisorValue * 100 + b.digits[lowZeros + k];
-    const int divisorTop = b.digits[lowZeros + lb - 1];
-    int estimateOfLead[100];
-    for (int lead = 0; lead < 100; ++lead) estimateOfLead[lead] = estimateDigit(lead, divisorTop);
+    const EstimateRow& estimate = EstimateTable[static_cast<std::size_t>(b.digits[lowZeros + lb - 1] - 10)];
 
     int32_t p = 2 * (n + 1);   // nothing of the dividend taken into W yet
     int64_t W = 0;
@@ -169,10 +171,10 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         // The leading three digits (a shorter |W| at p = 0 reads zeros below).
         const int64_t leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
         const int lead = static_cast<int>(leading / 10);
-        int q = estimateOfLead[lead];
+        int q = estimate[static_cast<std::size_t>(lead)];
         int64_t s = t;
         if (q < 1) {
-            q = estimateDigit(static_cast<int>(leading), divisorTop);
+            q = estimate[static_cast<std::size_t>(leading)];
             if (q < 1) q = 1;
             if (q > 9) q = 9;
             s = t + 1;
@@ -202,13 +204,14 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
     // The signed digits carried into length + 1 bytes (modulo their range, as
     // divide's byte additions drop what leaves the top).
     std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
-    int64_t carry = 0;
-    for (std::size_t position = 0; position < quotientDigits.size(); ++position) {
-        const int64_t value = quotientDigits[position] + carry;
-        int64_t digit = value % 10;
-        if (digit < 0) digit += 10;
-        carry = (value - digit) / 10;
-        quotient[position / 2] = static_cast<uint8_t>(quotient[position / 2] + (position % 2 == 0 ? digit : 10 * digit));
+    int32_t carry = 0;
+    for (std::size_t byte = 0; byte < quotient.size(); ++byte) {
+        // A pair of signed digits and the carry; the floor division by 100
+        // keeps the pair in 0..99 for negative values too.
+        const int32_t value = quotientDigits[2 * byte] + 10 * quotientDigits[2 * byte + 1] + carry;
+        const int32_t pair = ((value % 100) + 100) % 100;
+        carry = (value - pair) / 100;
+        quotient[byte] = static_cast<uint8_t>(pair);
     }
     while (correction < 0) {
         addSignedAt(quotient, 1, 0, -1);
