@@ -154,11 +154,17 @@ void normalize(BigNum& a, int guard) {
             }
         }
     } else {
-        // New byte i takes the digits at 2i+1-k and 2i-k, which lie at or below
-        // byte i, so working from the top down reads only unwritten bytes.
-        for (int32_t i = n - 1; i >= 0; --i) {
+        // New byte i takes the digits at 2i+1-k and 2i-k: the units digit of
+        // byte i - m and the tens digit of byte i - m - 1 (k = 2m + 1), the
+        // guard serving as byte -1. They lie at or below byte i, so working
+        // from the top down reads only unwritten bytes.
+        const int32_t m = (k - 1) / 2;
+        uint8_t* d = a.digits.data();
+        int32_t i = n - 1;
+        for (; i - m - 1 >= 0; --i) d[i] = static_cast<uint8_t>((d[i - m] % 10) * 10 + d[i - m - 1] / 10);
+        for (; i >= 0; --i) {
             const int64_t low = 2 * static_cast<int64_t>(i) - k;
-            a.digits[i] = static_cast<uint8_t>(extended(low + 1) * 10 + extended(low));
+            d[i] = static_cast<uint8_t>(extended(low + 1) * 10 + extended(low));
         }
     }
     if (k == 1 && guard % 10 >= 5) addAtDigit(a, 1, 0);

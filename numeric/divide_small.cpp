@@ -159,9 +159,10 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         // Enough of the remainder in W to read its three leading digits.
         while (p > 0 && W > -1001 && W < 1001) lower();
         if (W == 0) break;   // exact
-        int64_t lead3 = W > 0 ? W : -W;
-        if (W < 0 && p > lowestNonzero) --lead3;   // |W| x 10^p less the nonzero digits below
-        const int count = digitCount(lead3);
+        // |W| x 10^p, less the dividend's nonzero digits below p when W < 0.
+        const int64_t lead3 = (W > 0 ? W : -W) - ((W < 0) & (p > lowestNonzero));
+        // Nearly always four digits here (the loop above stops at the fourth).
+        const int count = (lead3 >= 1000 && lead3 < 10000) ? 4 : digitCount(lead3);
         // |W| stays within about 2 x lb + 6 digits; should it ever grow past
         // what 64 bits hold safely, the general division takes over.
         if (count > 15) return divide(a, b);
@@ -169,18 +170,21 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         const int64_t t = 2 * static_cast<int64_t>(n) - 1 - top;   // as a window digit from the top
         if (t > lastDigit + 1) break;   // more than 2L digits below the start
         // The leading three digits (a shorter |W| at p = 0 reads zeros below).
-        const int64_t leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
-        const int lead = static_cast<int>(leading / 10);
-        int q = estimate[static_cast<std::size_t>(lead)];
-        int64_t s = t;
-        if (q < 1) {
-            q = estimate[static_cast<std::size_t>(leading)];
-            if (q < 1) q = 1;
-            if (q > 9) q = 9;
-            s = t + 1;
-        } else if (q > 9) {
-            q = 9;
+        int64_t leading;
+        if (count == 4) {
+            leading = lead3 / 10;
+        } else {
+            leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
         }
+        const int lead = static_cast<int>(leading / 10);
+        // From two leading digits, or from three one place lower when two give
+        // less than 1; clamped to 1..9.
+        const int fromTwo = estimate[static_cast<std::size_t>(lead)];
+        const int fromThree = estimate[static_cast<std::size_t>(leading)];
+        const bool oneLower = fromTwo < 1;
+        int q = oneLower ? fromThree : fromTwo;
+        q = q < 1 ? 1 : (q > 9 ? 9 : q);
+        const int64_t s = t + (oneLower ? 1 : 0);
         // q x divisor with its lowest digit at `shift`; below the window's
         // bottom its digits are dropped, as divide drops them.
         const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
