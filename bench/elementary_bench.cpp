@@ -51,6 +51,40 @@ void BM_Asin(benchmark::State& s) { unary<Asin>(s, u"0.5"); }
 void BM_Acos(benchmark::State& s) { unary<Acos>(s, u"0.5"); }
 void BM_Sinh(benchmark::State& s) { unary<Sinh>(s, u"1.5"); }
 void BM_Atanh(benchmark::State& s) { unary<Atanh>(s, u"0.5"); }
+void BM_Log2(benchmark::State& s) { unary<Log2>(s, u"7"); }
+void BM_Sinc(benchmark::State& s) { unary<Sinc>(s, u"1.5"); }
+void BM_Cosh(benchmark::State& s) { unary<Cosh>(s, u"1.5"); }
+void BM_Tanh(benchmark::State& s) { unary<Tanh>(s, u"1.5"); }
+void BM_Asinh(benchmark::State& s) { unary<Asinh>(s, u"0.5"); }
+void BM_Acosh(benchmark::State& s) { unary<Acosh>(s, u"1.5"); }
+// The arc tangent's series is longest just below the half-angle switch at
+// 0.75 (0.7 above); a small argument and an inverted one for comparison.
+void BM_AtanSmall(benchmark::State& s) { unary<Atan>(s, u"0.2"); }
+void BM_AtanInverted(benchmark::State& s) { unary<Atan>(s, u"3"); }
+
+void BM_Atan2(benchmark::State& state) {
+    MathContext& m = context();
+    const int32_t digits = static_cast<int32_t>(state.range(0));
+    const BigNum y = value(digits, u"-0.7"), x = value(digits, u"1.1");
+    for (auto _ : state) benchmark::DoNotOptimize(Atan2(m, y, x));
+}
+
+// ln 10 and ln 2 computed afresh, as the first exp or ln of a run needs them.
+void BM_ConstantLn10(benchmark::State& state) {
+    const int32_t bytes = workingLength(static_cast<int32_t>(state.range(0))) + 4;
+    for (auto _ : state) {
+        MathContext fresh;
+        benchmark::DoNotOptimize(fresh.GetConstant(bytes, 'l'));
+    }
+}
+
+void BM_ConstantLn2(benchmark::State& state) {
+    const int32_t bytes = workingLength(static_cast<int32_t>(state.range(0))) + 4;
+    for (auto _ : state) {
+        MathContext fresh;
+        benchmark::DoNotOptimize(fresh.GetConstant(bytes, '2'));
+    }
+}
 
 void BM_Sqrt(benchmark::State& state) {
     const BigNum x = value(static_cast<int32_t>(state.range(0)), u"2");
@@ -116,6 +150,17 @@ QUORVEL_AT_80_AND_1000(BM_Asin);
 QUORVEL_AT_80_AND_1000(BM_Acos);
 QUORVEL_AT_80_AND_1000(BM_Sinh);
 QUORVEL_AT_80_AND_1000(BM_Atanh);
+QUORVEL_AT_80_AND_1000(BM_Log2);
+QUORVEL_AT_80_AND_1000(BM_Sinc);
+QUORVEL_AT_80_AND_1000(BM_Cosh);
+QUORVEL_AT_80_AND_1000(BM_Tanh);
+QUORVEL_AT_80_AND_1000(BM_Asinh);
+QUORVEL_AT_80_AND_1000(BM_Acosh);
+QUORVEL_AT_80_AND_1000(BM_AtanSmall);
+QUORVEL_AT_80_AND_1000(BM_AtanInverted);
+QUORVEL_AT_80_AND_1000(BM_Atan2);
+QUORVEL_AT_80_AND_1000(BM_ConstantLn10);
+QUORVEL_AT_80_AND_1000(BM_ConstantLn2);
 QUORVEL_AT_80_AND_1000(BM_Sqrt);
 QUORVEL_AT_80_AND_1000(BM_Power);
 QUORVEL_AT_80_AND_1000(BM_PowerInt);

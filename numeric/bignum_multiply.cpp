@@ -8,6 +8,7 @@
 // result is identical (tests/bignum_multiply_differential_test.cpp).
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "numeric/bignum.h"
@@ -82,8 +83,18 @@ std::vector<uint32_t> toLimbs(const BigNum& x) {
 
 // The same columns as columnsBytewise, from products of base-10^8 limbs.
 uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::vector<uint8_t>& out) {
-    const std::vector<uint32_t> A = toLimbs(a);
-    const std::vector<uint32_t> B = toLimbs(b);
+    std::vector<uint32_t> A = toLimbs(a);
+    std::vector<uint32_t> B = toLimbs(b);
+    // The kept products are the same with the operands swapped (i + j is
+    // symmetric): rows are taken from the operand with more zero limbs, which
+    // are skipped (a short factor such as 0.49 or a small integer costs one
+    // row or two).
+    const auto zeros = [](const std::vector<uint32_t>& limbs) {
+        std::size_t count = 0;
+        for (uint32_t limb : limbs) count += limb == 0 ? 1 : 0;
+        return count;
+    };
+    if (zeros(A) > zeros(B)) std::swap(A, B);
     const int32_t na = static_cast<int32_t>(A.size());
     const int32_t nb = static_cast<int32_t>(B.size());
     // sum[c]: limb products of limb index c (byte index 4c), not yet carried.
@@ -96,6 +107,7 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
     const auto startOf = [&](int32_t J) { return full - J > 0 ? full - J : 0; };
     for (int32_t J = 0; J < nb; ++J) {
         const uint32_t bJ = B[static_cast<std::size_t>(J)];
+        if (bJ == 0) continue;
         uint64_t* s = sum.data() + J;
         for (int32_t i = startOf(J); i < na; ++i) s[i] += static_cast<uint64_t>(a32[i]) * bJ;
     }
@@ -104,6 +116,7 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
     // lowest - 4(i + J) - r up: b_J with its lower pairs cleared.
     for (int32_t J = 0; J < nb; ++J) {
         const uint64_t bJ = B[static_cast<std::size_t>(J)];
+        if (bJ == 0) continue;
         uint64_t* s = sum.data() + J;
         for (int32_t i = startOf(J) - 1; i >= 0 && PairsPerLimb * (i + J) + Reach >= lowest; --i) {
             const int32_t missing = lowest - PairsPerLimb * (i + J);   // 1..Reach
