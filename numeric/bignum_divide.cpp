@@ -40,30 +40,9 @@ void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int s
 // lower bound r div (d + 1).
 int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
 
-}  // namespace
-
-BigNum divide(const BigNum& a, const BigNum& b) {
-    const int32_t length = a.length() > b.length() ? a.length() : b.length();
-    if (a.isNaN() || b.isNaN()) return makeNaN();
-    if (b.isZero()) {
-        BigNum r = makeZero(length);
-        r.kind = NumKind::NaN;
-        if (a.isZero()) {
-            // 0 / 0 keeps a mantissa of 1 (d1 = 1) and sign 1.
-            r.digits[length - 1] = 10;
-            r.sign = 1;
-        }
-        return r;
-    }
-    const int8_t sign = static_cast<int8_t>(a.sign * b.sign);
-    if (a.isInfinite()) {
-        if (b.isInfinite()) return makeNaN();
-        return makeInfinity(length, sign);
-    }
-    if (b.isInfinite() || a.isZero()) return makeZero(length);
-    const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
-    if (wrapsInt32(exponent)) return makeInfinity(length, sign);
-
+// The long division's steps on the window of bytes: fills the quotient
+// (length + 1 bytes) and the correction pair.
+void stepsOnBytes(const BigNum& a, const BigNum& b, int32_t length, std::vector<uint8_t>& quotient, int& correction) {
     // The running remainder: the dividend's magnitude in a window of length + 2
     // bytes topped by one headroom byte (index n). Window digit t counted from
     // the top (0 = the dividend's d1) is bottom position 2n - 1 - t.
@@ -102,9 +81,7 @@ BigNum divide(const BigNum& a, const BigNum& b) {
     // The quotient in length bytes plus one overflow byte above d1; quotient
     // digit s counted from the top is bottom position 2 * length - 1 - s.
     // Digits s = 2L and 2L + 1 go to the correction pair instead.
-    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
-    int correction = 0;
     int remSign = 1;
     int32_t topIndex = n;
     // Each step gains about a digit; the bound only guards against a stall.
@@ -180,6 +157,189 @@ BigNum divide(const BigNum& a, const BigNum& b) {
         }
     }
 
+}
+
+// The same steps on limbs of eight decimal digits (base 10^8): the window's
+// decimal position x is digit x mod 8 of limb x / 8, so a multiple of the
+// divisor at any decimal shift is one of eight pre-shifted copies placed at
+// a whole limb. Subtracting then walks a quarter as many places, and the
+// values subtracted, the estimates and the quotient digits are those of the
+// byte steps, so the quotient is identical.
+constexpr int32_t DigitsPerLimb = 8;
+constexpr int64_t LimbBase = 100000000;
+constexpr uint64_t Pow10u[] = {1,
+                               10,
+                               100,
+                               1000,
+                               10000,
+                               100000,
+                               1000000,
+                               10000000,
+                               100000000,
+                               1000000000,
+                               10000000000,
+                               100000000000,
+                               1000000000000,
+                               10000000000000,
+                               100000000000000};
+
+int digitCountOfLimb(uint32_t v) {
+    int count = 1;
+    while (count < 8 && v >= Pow10u[count]) ++count;
+    return count;
+}
+
+void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<uint8_t>& quotient, int& correction) {
+    // The window of the byte steps: n + 1 bytes, decimal positions 0..2n + 1.
+    const int32_t n = length + 2;
+    const int32_t la = a.length();
+    const int32_t nl = (2 * (n + 1) + DigitsPerLimb - 1) / DigitsPerLimb;
+    std::vector<uint32_t> rem(static_cast<std::size_t>(nl), 0);
+    for (int32_t k = 0; k < la; ++k) {
+        const int32_t position = 2 * (n - 1 - k);   // the byte's units digit
+        rem[static_cast<std::size_t>(position / DigitsPerLimb)] +=
+            static_cast<uint32_t>(a.digits[static_cast<std::size_t>(la - 1 - k)] * Pow10u[position % DigitsPerLimb]);
+    }
+
+    // The divisor without its low zero bytes, and q x divisor x 10^r for
+    // q = 1..9 and r = 0..7, each in wl limbs.
+    int32_t lowZeros = 0;
+    while (b.digits[lowZeros] == 0) ++lowZeros;   // stops: the top byte is nonzero
+    const int32_t lb = b.length() - lowZeros;
+    const int divisorTop = b.digits[lowZeros + lb - 1];
+    const int32_t wl = (2 * lb + 1 + 7) / DigitsPerLimb + 1;
+    std::vector<uint32_t> divisorLimbs(static_cast<std::size_t>(wl), 0);
+    for (int32_t k = 0; k < lb; ++k) {
+        const int32_t position = 2 * k;
+        divisorLimbs[static_cast<std::size_t>(position / DigitsPerLimb)] +=
+            static_cast<uint32_t>(b.digits[static_cast<std::size_t>(lowZeros + k)] * Pow10u[position % DigitsPerLimb]);
+    }
+    std::vector<uint32_t> multiples(static_cast<std::size_t>(72) * wl, 0);
+    for (int q = 1; q <= 9; ++q) {
+        for (int r = 0; r < DigitsPerLimb; ++r) {
+            uint32_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
+            uint64_t carry = 0;
+            for (int32_t k = 0; k < wl; ++k) {
+                const uint64_t v = static_cast<uint64_t>(divisorLimbs[static_cast<std::size_t>(k)]) * Pow10u[r] * q + carry;
+                m[k] = static_cast<uint32_t>(v % LimbBase);
+                carry = v / LimbBase;
+            }
+        }
+    }
+
+    const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
+    int remSign = 1;
+    int32_t topLimb = nl - 1;
+    const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
+    for (int64_t step = 0; step < stepLimit; ++step) {
+        while (topLimb >= 0 && rem[static_cast<std::size_t>(topLimb)] == 0) --topLimb;
+        if (topLimb < 0) break;   // exact
+        const uint32_t leadLimb = rem[static_cast<std::size_t>(topLimb)];
+        const int count = digitCountOfLimb(leadLimb);
+        const int64_t pos = static_cast<int64_t>(DigitsPerLimb) * topLimb + count - 1;
+        const int64_t t = 2 * static_cast<int64_t>(n) - 1 - pos;
+        if (t > lastDigit + 1) break;   // more than 2L digits below the start
+        // The digits at pos, pos - 1 and pos - 2 (below the window they read 0).
+        const uint64_t pairOfLimbs =
+            static_cast<uint64_t>(leadLimb) * LimbBase + (topLimb > 0 ? rem[static_cast<std::size_t>(topLimb - 1)] : 0);
+        const int leading = static_cast<int>(pairOfLimbs / Pow10u[count + 5]);
+        const int lead = leading / 10;
+        int q = estimateDigit(lead, divisorTop);
+        int64_t s = t;
+        if (q < 1) {
+            q = estimateDigit(leading, divisorTop);
+            if (q < 1) q = 1;
+            if (q > 9) q = 9;
+            s = t + 1;
+        } else if (q > 9) {
+            q = 9;
+        }
+        // q x divisor with its lowest digit at decimal position `shift`; limbs
+        // below the window are dropped (the byte steps drop those bytes too).
+        const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
+        const int64_t r = ((shift % DigitsPerLimb) + DigitsPerLimb) % DigitsPerLimb;
+        const int64_t offset = (shift - r) / DigitsPerLimb;
+        const uint32_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
+        const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
+        const int64_t top = offset + wl - 1;
+        const int32_t high = top < nl - 1 ? static_cast<int32_t>(top) : nl - 1;
+        uint32_t* window = rem.data();
+        int order = 0;
+        for (int32_t idx = topLimb > high ? topLimb : high; idx >= low; --idx) {
+            const uint32_t w = window[idx];
+            const uint32_t tm = idx <= high ? m[idx - offset] : 0;
+            if (w != tm) {
+                order = w > tm ? 1 : -1;
+                break;
+            }
+        }
+        for (int32_t idx = 0; order == 0 && idx < low; ++idx) {
+            if (window[idx] != 0) order = 1;
+        }
+        const int before = remSign;
+        int64_t borrow = 0;
+        if (order >= 0) {
+            for (int32_t idx = low; idx <= high; ++idx) {
+                int64_t v = static_cast<int64_t>(window[idx]) - m[idx - offset] - borrow;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+            }
+            for (int32_t idx = high + 1; borrow != 0 && idx < nl; ++idx) {
+                const int64_t v = static_cast<int64_t>(window[idx]) - 1;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+            }
+        } else {
+            // The new magnitude is q x divisor minus the remainder, which holds
+            // nothing above `high` here; the remainder's sign flips.
+            for (int32_t idx = 0; idx <= high; ++idx) {
+                const int64_t tm = idx >= low ? m[idx - offset] : 0;
+                const int64_t v = tm - window[idx] - borrow;
+                borrow = v < 0 ? 1 : 0;
+                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+            }
+            remSign = -remSign;
+        }
+        if (s <= lastDigit) {
+            addSignedAt(quotient, q, lastDigit - s, before);
+        } else {
+            correction += before * q * (s == lastDigit + 1 ? 10 : 1);
+        }
+    }
+}
+
+}  // namespace
+
+BigNum bignum_detail::divideWith(const BigNum& a, const BigNum& b, bool byLimbs) {
+    const int32_t length = a.length() > b.length() ? a.length() : b.length();
+    if (a.isNaN() || b.isNaN()) return makeNaN();
+    if (b.isZero()) {
+        BigNum r = makeZero(length);
+        r.kind = NumKind::NaN;
+        if (a.isZero()) {
+            // 0 / 0 keeps a mantissa of 1 (d1 = 1) and sign 1.
+            r.digits[length - 1] = 10;
+            r.sign = 1;
+        }
+        return r;
+    }
+    const int8_t sign = static_cast<int8_t>(a.sign * b.sign);
+    if (a.isInfinite()) {
+        if (b.isInfinite()) return makeNaN();
+        return makeInfinity(length, sign);
+    }
+    if (b.isInfinite() || a.isZero()) return makeZero(length);
+    const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
+    if (wrapsInt32(exponent)) return makeInfinity(length, sign);
+
+    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
+    int correction = 0;
+    if (byLimbs) {
+        stepsOnLimbs(a, b, length, quotient, correction);
+    } else {
+        stepsOnBytes(a, b, length, quotient, correction);
+    }
+
     while (correction < 0) {
         addSignedAt(quotient, 1, 0, -1);
         correction += 100;
@@ -215,6 +375,12 @@ BigNum divide(const BigNum& a, const BigNum& b) {
         addAtDigit(r, 1, 0);
     }
     return r;
+}
+
+BigNum divide(const BigNum& a, const BigNum& b) {
+    // Limbs pay off once the divisor has a few limbs; the steps are the same.
+    const bool byLimbs = b.length() >= 8;
+    return bignum_detail::divideWith(a, b, byLimbs);
 }
 
 void divideInPlace(BigNum& a, const BigNum& b) {
