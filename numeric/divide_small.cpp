@@ -54,13 +54,21 @@ void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int s
 
 constexpr int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
 
-// estimateDigit(r, d) for every leading value r of up to three digits and
-// every top pair d (10..99) of a normalised divisor.
-using EstimateRow = std::array<int8_t, 1000>;
-constexpr std::array<EstimateRow, 90> EstimateTable = [] {
-    std::array<EstimateRow, 90> table{};
+// The digit each step takes, for every three leading digits r of the
+// remainder and every top pair d (10..99) of a normalised divisor: the
+// estimate from the first two digits, or, when that is below 1, from all
+// three one place lower (flag 16); clamped to 1..9.
+using StepRow = std::array<uint8_t, 1000>;
+constexpr std::array<StepRow, 90> StepTable = [] {
+    std::array<StepRow, 90> table{};
     for (int d = 10; d < 100; ++d) {
-        for (int r = 0; r < 1000; ++r) table[static_cast<std::size_t>(d - 10)][static_cast<std::size_t>(r)] = static_cast<int8_t>(estimateDigit(r, d));
+        for (int r = 0; r < 1000; ++r) {
+            const int fromTwo = estimateDigit(r / 10, d);
+            const bool oneLower = fromTwo < 1;
+            int q = oneLower ? estimateDigit(r, d) : fromTwo;
+            q = q < 1 ? 1 : (q > 9 ? 9 : q);
+            table[static_cast<std::size_t>(d - 10)][static_cast<std::size_t>(r)] = static_cast<uint8_t>(q | (oneLower ? 16 : 0));
+        }
     }
     return table;
 }();
@@ -140,7 +148,7 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
     const int32_t lb = b.length() - lowZeros;
     int64_t divisorValue = 0;
     for (int32_t k = lb - 1; k >= 0; --k) divisorValue = divisorValue * 100 + b.digits[lowZeros + k];
-    const EstimateRow& estimate = EstimateTable[static_cast<std::size_t>(b.digits[lowZeros + lb - 1] - 10)];
+    const StepRow& stepOf = StepTable[static_cast<std::size_t>(b.digits[lowZeros + lb - 1] - 10)];
 
     int32_t p = 2 * (n + 1);   // nothing of the dividend taken into W yet
     int64_t W = 0;
@@ -176,15 +184,9 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         } else {
             leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
         }
-        const int lead = static_cast<int>(leading / 10);
-        // From two leading digits, or from three one place lower when two give
-        // less than 1; clamped to 1..9.
-        const int fromTwo = estimate[static_cast<std::size_t>(lead)];
-        const int fromThree = estimate[static_cast<std::size_t>(leading)];
-        const bool oneLower = fromTwo < 1;
-        int q = oneLower ? fromThree : fromTwo;
-        q = q < 1 ? 1 : (q > 9 ? 9 : q);
-        const int64_t s = t + (oneLower ? 1 : 0);
+        const int entry = stepOf[static_cast<std::size_t>(leading)];
+        const int q = entry & 15;
+        const int64_t s = t + (entry >> 4);
         // q x divisor with its lowest digit at `shift`; below the window's
         // bottom its digits are dropped, as divide drops them.
         const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
