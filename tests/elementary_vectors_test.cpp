@@ -2,8 +2,8 @@
 // values (tests/data/elementary_vectors.txt, written by
 // tests/tools/gen_elementary_vectors.py). Each case is computed at the working
 // length Digits/2 + 8 and must show the reference's digits when both are
-// rounded half up to Digits significant digits. Cases where the prescribed
-// algorithm cannot reach that are listed in
+// rounded half up to Digits significant digits. Cases where the algorithm
+// used cannot reach that are listed in
 // tests/data/elementary_known_limits.txt with a measured bound in units of the
 // last shown digit, which is then asserted instead.
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 // tests/tools/gen_special_vectors.py). Each real or complex case is computed
 // at the working length Digits/2 + 8 and must show the reference's digits when
 // both are rounded half up to Digits significant digits; integer cases must
-// match exactly. Cases where the prescribed algorithm cannot reach that are
+// match exactly. Cases where the algorithm used cannot reach that are
 // listed in tests/data/special_known_limits.txt with a measured bound in units
 // of the last shown digit and the reason, which is then asserted instead.
 #include <gtest/gtest.h>

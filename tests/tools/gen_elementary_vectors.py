@@ -25,7 +25,7 @@ One case a line, fields separated by blanks, '#' starts a comment:
 
 The test rounds its result half up to D significant digits, as the display
 does, and requires the same digits as the reference rounded the same way.
-Where a prescribed algorithm cannot reach that (cancellation it does not
+Where the algorithm used cannot reach that (cancellation it does not
 avoid), tests/data/elementary_known_limits.txt lists the case with its measured
 error; the test then asserts that bound instead.
 """
@@ -236,7 +236,7 @@ def fixed_real_cases(D):
 
 
 def hard_cases(D):
-    """Arguments where a prescribed formula cancels more digits than the
+    """Arguments where a formula used cancels more digits than the
     working length carries: expected in the known-limits file."""
     half = max(D // 2, 3)
     with mp.workdps(D + 60):

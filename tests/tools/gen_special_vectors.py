@@ -34,7 +34,7 @@ is the calculator's, written here as such.
 
 The test rounds its result half up to D significant digits, as the display
 does, and requires the same digits as the reference rounded the same way.
-Where the prescribed algorithm cannot reach that, tests/data/
+Where the algorithm used cannot reach that, tests/data/
 special_known_limits.txt lists the case with its measured error and reason;
 the test then asserts that bound instead.
 """
