@@ -1,3 +1,5 @@
+// The common start of quorvel and quorvel-desktop: the command line parsed,
+// the mode run, and the hand-over to quorvel-desktop for the window.
 #include "app/launcher.h"
 
 #include <cerrno>
