@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -101,6 +102,19 @@ TEST(TerminalAbort, CtrlCInTheConsoleStopsTheLineAndTheNextLineRuns) {
     EXPECT_EQ(r.status, 0);
     EXPECT_NE(r.out.find("Aborted"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find(">3\n"), std::string::npos) << r.out;
+    EXPECT_LT(r.afterInterrupt, 2000ms);
+}
+
+TEST(TerminalAbort, CtrlCStopsARunawayProgramLoopWithUserBreak) {
+    const std::string program = ::testing::TempDir() + "quorvel_spin_" + std::to_string(::getpid()) + ".txt";
+    std::ofstream(program) << "function spin {\n    k = 0;\n    while (1 > 0) { k += 1 }\n}\n";
+    const Finished r = interruptedRun({"--no-state", "--alg", "--load", program, "-e", "5", "-e", "spin", "-e", "7"}, "",
+                                      400ms);
+    std::remove(program.c_str());
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("error: User Break\n"), std::string::npos) << r.err;
+    EXPECT_NE(r.out.find("y :\t5\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("x :\t7\n"), std::string::npos) << r.out;
     EXPECT_LT(r.afterInterrupt, 2000ms);
 }
 
