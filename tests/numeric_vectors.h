@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <fstream>
+#include <map>
+#include <ostream>
 #include <set>
 #include <sstream>
 #include <string>
@@ -119,5 +121,54 @@ inline std::string mantissaDigits(const BigNum& x) {
 }
 
 inline std::string signText(int8_t sign) { return sign > 0 ? "+" : sign < 0 ? "-" : "0"; }
+
+// A case of a vector file whose first argument is "D=n": the Digits it is
+// shown at, and the function's own arguments after it.
+struct DigitsCase {
+    VectorCase c;
+    int digits = 0;
+    std::vector<std::string> args;   // without the D= field
+};
+
+// Failure messages name the case by its line rather than dumping its bytes.
+inline void PrintTo(const DigitsCase& e, std::ostream* os) { *os << e.c.op << " line " << e.c.line; }
+
+inline std::vector<DigitsCase> loadDigitsCases(const std::string& fileName) {
+    std::vector<DigitsCase> out;
+    for (VectorCase& c : loadVectorCases(fileName)) {
+        DigitsCase e;
+        e.digits = std::stoi(c.args.at(0).substr(2));
+        e.args.assign(c.args.begin() + 1, c.args.end());
+        e.c = std::move(c);
+        out.push_back(std::move(e));
+    }
+    return out;
+}
+
+// The key of a case in a known-limits file: "op D=n args...".
+inline std::string caseKey(const DigitsCase& e) {
+    std::string key = e.c.op + " D=" + std::to_string(e.digits);
+    for (const std::string& a : e.args) key += " " + a;
+    return key;
+}
+
+// A known-limits file: key -> bound in units of the last shown digit, from
+// lines "key -> within bound  # reason".
+inline std::map<std::string, double> loadKnownLimits(const std::string& fileName) {
+    std::map<std::string, double> limits;
+    std::ifstream in(std::string(QUORVEL_TEST_DATA) + "/" + fileName);
+    std::string text;
+    while (std::getline(in, text)) {
+        if (text.empty() || text[0] == '#') continue;
+        const std::size_t arrow = text.find(" -> ");
+        if (arrow == std::string::npos) continue;
+        std::istringstream rest(text.substr(arrow + 4));
+        std::string word;
+        double bound = 0;
+        rest >> word >> bound;
+        if (word == "within") limits[text.substr(0, arrow)] = bound;
+    }
+    return limits;
+}
 
 }  // namespace quorvel::testvectors

@@ -30,50 +30,13 @@ using test::bigNumFromText;
 using test::describe;
 using testvectors::VectorCase;
 
-struct SpecialCase {
-    VectorCase c;
-    int digits = 0;
-    std::vector<std::string> args;   // without the D= field
-};
+using SpecialCase = testvectors::DigitsCase;
+using testvectors::caseKey;
 
-void PrintTo(const SpecialCase& e, std::ostream* os) { *os << e.c.op << " line " << e.c.line; }
+std::vector<SpecialCase> loadCases() { return testvectors::loadDigitsCases("special_vectors.txt"); }
 
-std::vector<SpecialCase> loadCases() {
-    std::vector<SpecialCase> out;
-    for (VectorCase& c : testvectors::loadVectorCases("special_vectors.txt")) {
-        SpecialCase e;
-        e.digits = std::stoi(c.args.at(0).substr(2));
-        e.args.assign(c.args.begin() + 1, c.args.end());
-        e.c = std::move(c);
-        out.push_back(std::move(e));
-    }
-    return out;
-}
-
-std::string caseKey(const SpecialCase& e) {
-    std::string key = e.c.op + " D=" + std::to_string(e.digits);
-    for (const std::string& a : e.args) key += " " + a;
-    return key;
-}
-
-// Known limits: key -> bound in units of the last shown digit.
 const std::map<std::string, double>& knownLimits() {
-    static const std::map<std::string, double> limits = [] {
-        std::map<std::string, double> m;
-        std::ifstream in(std::string(QUORVEL_TEST_DATA) + "/special_known_limits.txt");
-        std::string text;
-        while (std::getline(in, text)) {
-            if (text.empty() || text[0] == '#') continue;
-            const std::size_t arrow = text.find(" -> ");
-            if (arrow == std::string::npos) continue;
-            std::istringstream rest(text.substr(arrow + 4));
-            std::string word;
-            double bound = 0;
-            rest >> word >> bound;
-            if (word == "within") m[text.substr(0, arrow)] = bound;
-        }
-        return m;
-    }();
+    static const std::map<std::string, double> limits = testvectors::loadKnownLimits("special_known_limits.txt");
     return limits;
 }
 
