@@ -1,6 +1,8 @@
 // BigNum construction, length changes, addition and subtraction.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
@@ -8,7 +10,6 @@
 namespace quorvel {
 
 using bignum_detail::incrementExponent;
-using bignum_detail::pairFromBottom;
 
 namespace {
 
@@ -16,6 +17,41 @@ int32_t atLeastTwo(int32_t length) { return length < 2 ? 2 : length; }
 
 int32_t maxLength(const BigNum& a, const BigNum& b) {
     return a.length() > b.length() ? a.length() : b.length();
+}
+
+// Operand x's pairs as a sum or difference at `length` bytes reads them:
+// out[i + 1] is the pair at decimal offset 2i + shift from x's bottom
+// (pairFromBottom), for result bytes i = -1 (the guard) to length - 1. An
+// even shift lines whole bytes up; an odd one joins the units digit of one
+// byte to the tens digit of the byte below.
+std::vector<uint8_t> alignedPairs(const BigNum& x, int64_t shift, int32_t length) {
+    std::vector<uint8_t> out(static_cast<std::size_t>(length) + 1, 0);
+    const int64_t n = x.length();
+    const uint8_t* d = x.digits.data();
+    const int64_t count = static_cast<int64_t>(length) + 1;
+    if (shift % 2 == 0) {
+        // out[k] = x's byte k - 1 + h where that byte exists.
+        const int64_t h = shift / 2;
+        const int64_t first = std::max<int64_t>(0, 1 - h);
+        const int64_t last = std::min<int64_t>(count - 1, n - h);   // inclusive
+        for (int64_t k = first; k <= last; ++k) out[static_cast<std::size_t>(k)] = d[k - 1 + h];
+    } else {
+        // out[k] = units of byte k - 1 + g, then tens of byte k - 2 + g.
+        const int64_t g = (shift + 1) / 2;
+        const auto byteAt = [&](int64_t k) -> int { return (k >= 0 && k < n) ? d[k] : 0; };
+        const int64_t first = std::max<int64_t>(0, std::min<int64_t>(count, 2 - g));
+        const int64_t last = std::max<int64_t>(first - 1, std::min<int64_t>(count - 1, n - g));   // inclusive
+        for (int64_t k = 0; k < first; ++k) {
+            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
+        }
+        for (int64_t k = first; k <= last; ++k) {
+            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>(bignum_detail::UnitsTimesTen[d[k - 1 + g]] + bignum_detail::Tens[d[k - 2 + g]]);
+        }
+        for (int64_t k = last + 1; k < count; ++k) {
+            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
+        }
+    }
+    return out;
 }
 
 // |a| + |b| at `length` bytes with one guard pair, given the result sign.
@@ -27,23 +63,22 @@ BigNum addMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8_t si
     const auto shiftOf = [&](const BigNum& x) {
         return static_cast<int64_t>(exponent) - x.exponent - 2 * static_cast<int64_t>(length - x.length());
     };
-    const int64_t shiftA = shiftOf(a);
-    const int64_t shiftB = shiftOf(b);
+    const std::vector<uint8_t> pa = alignedPairs(a, shiftOf(a), length);
+    const std::vector<uint8_t> pb = alignedPairs(b, shiftOf(b), length);
     BigNum r = makeZero(length);
     r.exponent = exponent;
     r.sign = sign;
+    // Index 0 is the guard pair, index i + 1 result byte i.
     int carry = 0;
     int guard = 0;
-    for (int32_t i = -1; i < length; ++i) {
-        const int64_t off = 2 * static_cast<int64_t>(i);
-        const int sum = pairFromBottom(a.digits.data(), a.length(), off + shiftA) +
-                        pairFromBottom(b.digits.data(), b.length(), off + shiftB) + carry;
+    for (int32_t k = 0; k <= length; ++k) {
+        const int sum = pa[static_cast<std::size_t>(k)] + pb[static_cast<std::size_t>(k)] + carry;
         carry = sum >= 100 ? 1 : 0;
         const int pair = sum - 100 * carry;
-        if (i < 0) {
+        if (k == 0) {
             guard = pair;
         } else {
-            r.digits[i] = static_cast<uint8_t>(pair);
+            r.digits[static_cast<std::size_t>(k - 1)] = static_cast<uint8_t>(pair);
         }
     }
     if (carry != 0) {
@@ -85,26 +120,25 @@ BigNum subtractMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8
     const auto shiftOf = [&](const BigNum& x) {
         return static_cast<int64_t>(exponent) - x.exponent - 2 * static_cast<int64_t>(length - x.length());
     };
-    const int64_t shiftM = shiftOf(minuend);
-    const int64_t shiftS = shiftOf(subtrahend);
+    const std::vector<uint8_t> pm = alignedPairs(minuend, shiftOf(minuend), length);
+    const std::vector<uint8_t> ps = alignedPairs(subtrahend, shiftOf(subtrahend), length);
     BigNum r = makeZero(length);
     r.exponent = exponent;
     r.sign = static_cast<int8_t>(order > 0 ? sign : -sign);
+    // Index 0 is the guard pair, index i + 1 result byte i.
     int borrow = 0;
     int guard = 0;
-    for (int32_t i = -1; i < length; ++i) {
-        const int64_t off = 2 * static_cast<int64_t>(i);
-        int diff = pairFromBottom(minuend.digits.data(), minuend.length(), off + shiftM) -
-                   pairFromBottom(subtrahend.digits.data(), subtrahend.length(), off + shiftS) - borrow;
+    for (int32_t k = 0; k <= length; ++k) {
+        int diff = pm[static_cast<std::size_t>(k)] - ps[static_cast<std::size_t>(k)] - borrow;
         borrow = 0;
         if (diff < 0) {
             diff += 100;
             borrow = 1;
         }
-        if (i < 0) {
+        if (k == 0) {
             guard = diff;
         } else {
-            r.digits[i] = static_cast<uint8_t>(diff);
+            r.digits[static_cast<std::size_t>(k - 1)] = static_cast<uint8_t>(diff);
         }
     }
     normalize(r, guard);

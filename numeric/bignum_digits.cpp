@@ -161,7 +161,7 @@ void normalize(BigNum& a, int guard) {
         const int32_t m = (k - 1) / 2;
         uint8_t* d = a.digits.data();
         int32_t i = n - 1;
-        for (; i - m - 1 >= 0; --i) d[i] = static_cast<uint8_t>((d[i - m] % 10) * 10 + d[i - m - 1] / 10);
+        for (; i - m - 1 >= 0; --i) d[i] = static_cast<uint8_t>(bignum_detail::UnitsTimesTen[d[i - m]] + bignum_detail::Tens[d[i - m - 1]]);
         for (; i >= 0; --i) {
             const int64_t low = 2 * static_cast<int64_t>(i) - k;
             d[i] = static_cast<uint8_t>(extended(low + 1) * 10 + extended(low));

@@ -132,23 +132,29 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
     }
     // Carry into base 10^8 and read the pairs from byte index `lowest` up; the
     // pairs below it are zero, as every kept product lies at or above it.
+    // Limb index c holds products of byte index 4c to 4c + 2 Reach, so the
+    // limbs below firstColumn hold nothing (and carry nothing).
     const std::size_t width = out.size();
+    const std::size_t firstColumn = lowest > 2 * Reach ? static_cast<std::size_t>((lowest - 2 * Reach) / PairsPerLimb) : 0;
     std::size_t k = 0;
     uint64_t carry = 0;
     uint64_t rest = 0;   // what lies above the top column
     uint64_t restScale = 1;
-    for (std::size_t c = 0; c < sum.size(); ++c) {
+    for (std::size_t c = firstColumn; c < sum.size(); ++c) {
         const uint64_t v = sum[c] + carry;
         carry = v / LimbBase;
-        uint64_t limb = v % LimbBase;
-        for (int32_t r = 0; r < PairsPerLimb; ++r, limb /= 100) {
+        const uint32_t limb = static_cast<uint32_t>(v % LimbBase);
+        const uint32_t high = limb / 10000;
+        const uint32_t low = limb % 10000;
+        const uint32_t pairs[PairsPerLimb] = {low % 100, low / 100, high % 100, high / 100};
+        for (int32_t r = 0; r < PairsPerLimb; ++r) {
             const int64_t index = static_cast<int64_t>(c) * PairsPerLimb + r - lowest;
             if (index < 0) continue;
             if (static_cast<std::size_t>(index) < width) {
-                out[static_cast<std::size_t>(index)] = static_cast<uint8_t>(limb % 100);
+                out[static_cast<std::size_t>(index)] = static_cast<uint8_t>(pairs[r]);
                 k = static_cast<std::size_t>(index) + 1;
             } else if (restScale < 100000000) {
-                rest += (limb % 100) * restScale;
+                rest += pairs[r] * restScale;
                 restScale *= 100;
             }
         }

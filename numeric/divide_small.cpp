@@ -15,6 +15,7 @@
 // |W| (less one when W is negative and the dividend digits below p are not
 // all zero: the magnitude is then |W| x 10^p minus them). So every step costs
 // a few machine operations.
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -32,12 +33,12 @@ using bignum_detail::wrapsInt32;
 
 namespace {
 
-// Adds (sign > 0) or subtracts value x 10^position (from the bottom) in a byte
-// array, carrying or borrowing upward; nothing leaves the top.
-void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int sign) {
+// Adds (sign > 0) or subtracts value x 10^position (from the bottom) in
+// `count` bytes, carrying or borrowing upward; nothing leaves the top.
+void addSignedAt(uint8_t* bytes, std::size_t count, int value, int64_t position, int sign) {
     std::size_t i = static_cast<std::size_t>(position / 2);
     int delta = value * ((position % 2 == 0) ? 1 : 10);
-    while (delta != 0 && i < bytes.size()) {
+    while (delta != 0 && i < count) {
         int v = bytes[i] + (sign > 0 ? delta : -delta);
         delta = 0;
         if (v >= 100) {
@@ -113,70 +114,77 @@ int64_t dividedByPow10(int64_t m, int k) {
     return q;
 }
 
-}  // namespace
+// 128-bit integers (gcc and clang) for the tail's quotient offsets and the
+// reciprocal's products.
+__extension__ using Wide = __int128;
+__extension__ using WideUnsigned = unsigned __int128;
 
-BigNum divideBySmall(const BigNum& a, int32_t v) {
-    const int32_t length = a.length();
-    const BigNum b = fromInt(length, v);
-    if (v <= 0 || b.length() != length || !a.isFinite() || a.isZero()) return divide(a, b);
-    const int8_t sign = static_cast<int8_t>(a.sign * b.sign);
-    const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
-    if (wrapsInt32(exponent)) return makeInfinity(length, sign);
-
-    // The window of divide: n + 1 bytes, the dividend in bytes n - 1 down to
-    // n - length (= 2), decimal positions counted from the window's bottom.
-    const int32_t n = length + 2;
-    std::vector<int8_t> dividendDigits(static_cast<std::size_t>(2 * (n + 1)), 0);
-    for (int32_t k = 0; k < length; ++k) {
-        const int pair = a.digits[static_cast<std::size_t>(k)];
-        const std::size_t byte = static_cast<std::size_t>(k + n - length);
-        dividendDigits[2 * byte] = static_cast<int8_t>(pair % 10);
-        dividendDigits[2 * byte + 1] = static_cast<int8_t>(pair / 10);
-    }
-    // The dividend's digits below p are all zero exactly when p <= lowestNonzero.
-    int32_t lowestNonzero = 2 * (n + 1);
-    for (int32_t position = 0; position < 2 * (n + 1); ++position) {
-        if (dividendDigits[static_cast<std::size_t>(position)] != 0) {
-            lowestNonzero = position;
-            break;
+// floor(x / d) for a divisor fixed over many divisions, by a multiply with
+// its reciprocal and at most two corrections instead of a division.
+class Reciprocal {
+public:
+    explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
+    uint64_t quotient(uint64_t x, uint64_t& remainder) const {
+        uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
+        remainder = x - q * d_;
+        while (remainder >= d_) {
+            ++q;
+            remainder -= d_;
         }
+        return q;
     }
 
-    // The divisor without its low zero bytes: its integer value and top pair.
-    int32_t lowZeros = 0;
-    while (b.digits[lowZeros] == 0) ++lowZeros;
-    const int32_t lb = b.length() - lowZeros;
-    int64_t divisorValue = 0;
-    for (int32_t k = lb - 1; k >= 0; --k) divisorValue = divisorValue * 100 + b.digits[lowZeros + k];
-    const StepRow& stepOf = StepTable[static_cast<std::size_t>(b.digits[lowZeros + lb - 1] - 10)];
+private:
+    uint64_t d_;
+    uint64_t inverse_;
+};
 
-    int32_t p = 2 * (n + 1);   // nothing of the dividend taken into W yet
-    int64_t W = 0;
-    const auto lower = [&] {
-        --p;
-        W = W * 10 + dividendDigits[static_cast<std::size_t>(p)];
+// The long division replayed on one dividend and short divisor. A state of
+// the division is (p, W): remainder = W x 10^p + (the dividend's digits below
+// p), positions counted from the bottom of divide's window of n + 1 bytes,
+// which holds the dividend in bytes n - 1 down to n - length (= 2).
+class Replay {
+public:
+    Replay(const BigNum& a, const BigNum& b) : a_(a), length_(a.length()), n_(a.length() + 2), lastDigit_(2 * static_cast<int64_t>(a.length()) - 1) {
+        lowestNonzero_ = 2 * (n_ + 1);
+        for (int32_t k = 0; k < length_; ++k) {
+            const int pair = a.digits[static_cast<std::size_t>(k)];
+            if (pair != 0) {
+                lowestNonzero_ = 2 * (k + n_ - length_) + (pair % 10 == 0 ? 1 : 0);
+                break;
+            }
+        }
+        // The divisor without its low zero bytes: its integer value and top pair.
+        int32_t lowZeros = 0;
+        while (b.digits[lowZeros] == 0) ++lowZeros;
+        lb_ = b.length() - lowZeros;
+        for (int32_t k = lb_ - 1; k >= 0; --k) divisorValue_ = divisorValue_ * 100 + b.digits[lowZeros + k];
+        stepOf_ = &StepTable[static_cast<std::size_t>(b.digits[lowZeros + lb_ - 1] - 10)];
+    }
+
+    enum class Outcome { Digit, Exact, End, TooWide };
+    struct Step {
+        Outcome outcome;
+        int q = 0;                // the signed quotient digit
+        int64_t s = 0;            // its position from the quotient's top
+        bool exactStep = true;    // no digit of q x divisor fell below the window
     };
 
-    // Signed quotient digits at decimal positions from the bottom of the
-    // quotient (digit s from the top lands at lastDigit - s).
-    const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
-    std::vector<int32_t> quotientDigits(static_cast<std::size_t>(2 * length + 2), 0);
-    int correction = 0;
-    const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
-    for (int64_t step = 0; step < stepLimit; ++step) {
+    // One step of the division from state (p, W), which it advances.
+    Step step(int32_t& p, int64_t& W) const {
         // Enough of the remainder in W to read its three leading digits.
-        while (p > 0 && W > -1001 && W < 1001) lower();
-        if (W == 0) break;   // exact
+        while (p > 0 && W > -1001 && W < 1001) lower(p, W);
+        if (W == 0) return {Outcome::Exact};
         // |W| x 10^p, less the dividend's nonzero digits below p when W < 0.
-        const int64_t lead3 = (W > 0 ? W : -W) - ((W < 0) & (p > lowestNonzero));
+        const int64_t lead3 = (W > 0 ? W : -W) - ((W < 0) & (p > lowestNonzero_));
         // Nearly always four digits here (the loop above stops at the fourth).
         const int count = (lead3 >= 1000 && lead3 < 10000) ? 4 : digitCount(lead3);
         // |W| stays within about 2 x lb + 6 digits; should it ever grow past
         // what 64 bits hold safely, the general division takes over.
-        if (count > 15) return divide(a, b);
+        if (count > 15) return {Outcome::TooWide};
         const int64_t top = static_cast<int64_t>(p) + count - 1;   // position of the leading digit
-        const int64_t t = 2 * static_cast<int64_t>(n) - 1 - top;   // as a window digit from the top
-        if (t > lastDigit + 1) break;   // more than 2L digits below the start
+        const int64_t t = 2 * static_cast<int64_t>(n_) - 1 - top;  // as a window digit from the top
+        if (t > lastDigit_ + 1) return {Outcome::End};               // more than 2L digits below the start
         // The leading three digits (a shorter |W| at p = 0 reads zeros below).
         int64_t leading;
         if (count == 4) {
@@ -184,34 +192,90 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         } else {
             leading = count >= 3 ? dividedByPow10(lead3, count - 3) : lead3 * Pow10[3 - count];
         }
-        const int entry = stepOf[static_cast<std::size_t>(leading)];
+        const int entry = (*stepOf_)[static_cast<std::size_t>(leading)];
         const int q = entry & 15;
         const int64_t s = t + (entry >> 4);
         // q x divisor with its lowest digit at `shift`; below the window's
         // bottom its digits are dropped, as divide drops them.
-        const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
-        int64_t subtrahend = q * divisorValue;
+        const int64_t shift = shiftOf(s);
+        int64_t subtrahend = q * divisorValue_;
         if (shift >= 0) {
-            while (p > shift) lower();
+            while (p > shift) lower(p, W);
             subtrahend *= Pow10[shift - p];
         } else {
-            while (p > 0) lower();
+            while (p > 0) lower(p, W);
             subtrahend = dividedByPow10(subtrahend, static_cast<int>(-shift));
         }
         const int before = W > 0 ? 1 : -1;
         W -= before * subtrahend;
-        if (s <= lastDigit) {
-            quotientDigits[static_cast<std::size_t>(lastDigit - s)] += before * q;
-        } else {
-            correction += before * q * (s == lastDigit + 1 ? 10 : 1);
-        }
+        return {Outcome::Digit, before * q, s, shift >= 0};
     }
 
+    // The whole division from the first step, as E: the correction pair
+    // 0..99 in byte 0, then the quotient in length + 1 bytes (the top one
+    // for overflow). False when the remainder grew too wide for the replay.
+    bool runWhole(std::vector<uint8_t>& e) const;
+
+    // The same result from the last TailDigits digits only, when that is
+    // certain (see runTail); false otherwise.
+    bool runTail(std::vector<uint8_t>& e) const;
+
+private:
+    // The digits the tail replays (even, so that the tail ends on a byte);
+    // 9 x 10^(TailDigits + 3), the largest offset a digit adds, stays inside
+    // 128 bits.
+    static constexpr int TailDigits = 32;
+
+    // The dividend's digit at window position p (0 outside the dividend).
+    int digitAt(int32_t p) const {
+        const int32_t k = p / 2 - (n_ - length_);
+        if (k < 0 || k >= length_) return 0;
+        const int pair = a_.digits[static_cast<std::size_t>(k)];
+        return (p % 2 == 0) ? pair % 10 : pair / 10;
+    }
+    void lower(int32_t& p, int64_t& W) const {
+        --p;
+        W = W * 10 + digitAt(p);
+    }
+    // Bottom position of the divisor's lowest digit when its leading digit
+    // stands at window digit s from the top.
+    int64_t shiftOf(int64_t s) const { return 2 * static_cast<int64_t>(n_) - 2 * static_cast<int64_t>(lb_) - s; }
+    int64_t stepLimit() const { return 20 * (2 * static_cast<int64_t>(n_) + 10); }
+
+    const BigNum& a_;
+    int32_t length_;
+    int32_t n_;
+    int64_t lastDigit_;
+    int32_t lowestNonzero_ = 0;   // the dividend's digits below p are all zero exactly when p <= this
+    int32_t lb_ = 0;
+    int64_t divisorValue_ = 0;
+    const StepRow* stepOf_ = nullptr;
+};
+
+bool Replay::runWhole(std::vector<uint8_t>& e) const {
+    // Signed quotient digits at decimal positions from the bottom of the
+    // quotient (digit s from the top lands at lastDigit - s).
+    std::vector<int32_t> quotientDigits(static_cast<std::size_t>(2 * length_ + 2), 0);
+    int correction = 0;
+    int32_t p = 2 * (n_ + 1);   // nothing of the dividend taken into W yet
+    int64_t W = 0;
+    for (int64_t count = 0; count < stepLimit(); ++count) {
+        const Step next = step(p, W);
+        if (next.outcome == Outcome::TooWide) return false;
+        if (next.outcome != Outcome::Digit) break;
+        if (next.s <= lastDigit_) {
+            quotientDigits[static_cast<std::size_t>(lastDigit_ - next.s)] += next.q;
+        } else {
+            correction += next.q * (next.s == lastDigit_ + 1 ? 10 : 1);
+        }
+    }
     // The signed digits carried into length + 1 bytes (modulo their range, as
     // divide's byte additions drop what leaves the top).
-    std::vector<uint8_t> quotient(static_cast<std::size_t>(length) + 1, 0);
+    e.assign(static_cast<std::size_t>(length_) + 2, 0);
+    uint8_t* quotient = e.data() + 1;
+    const std::size_t bytes = e.size() - 1;
     int32_t carry = 0;
-    for (std::size_t byte = 0; byte < quotient.size(); ++byte) {
+    for (std::size_t byte = 0; byte < bytes; ++byte) {
         // A pair of signed digits and the carry; the floor division by 100
         // keeps the pair in 0..99 for negative values too.
         const int32_t value = quotientDigits[2 * byte] + 10 * quotientDigits[2 * byte + 1] + carry;
@@ -220,18 +284,167 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
         quotient[byte] = static_cast<uint8_t>(pair);
     }
     while (correction < 0) {
-        addSignedAt(quotient, 1, 0, -1);
+        addSignedAt(quotient, bytes, 1, 0, -1);
         correction += 100;
     }
     while (correction >= 100) {
-        addSignedAt(quotient, 1, 0, 1);
+        addSignedAt(quotient, bytes, 1, 0, 1);
         correction -= 100;
     }
+    e[0] = static_cast<uint8_t>(correction);
+    return true;
+}
+
+// The tail. Write the quotient with its correction pair as one integer E,
+// whose last digit is the quotient digit at s = 2L + 1, and let
+// T = 2L - TailDigits. Every step before the remainder's leading digit first
+// lies below window digit T places its digit at s <= T + 1, where nothing of
+// q x divisor has yet been dropped; at that moment E = m x 10^TailDigits for
+// some integer m, the remainder is exactly A - m x B x 10^sh (A the window's
+// dividend, B the divisor, sh its shift at s = T + 1) and its magnitude is
+// below 10^(2n - 1 - T). So m is one of the few integers for which that
+// bound holds; from there on the division depends on nothing but the
+// remainder. runTail replays every such candidate to the end and keeps the
+// result only when all of them end with the same E, which is then what the
+// whole division gives. Two candidates whose remainders meet agree from then
+// on, so after the first one a candidate stops as soon as it reaches a
+// remainder the first one had (while no digits have been dropped, equal
+// offsets mean equal remainders).
+bool Replay::runTail(std::vector<uint8_t>& e) const {
+    const int64_t T = 2 * static_cast<int64_t>(length_) - TailDigits;
+    if (T < 2 * TailDigits) return false;   // short values: the whole division is as quick
+    const int32_t sh = static_cast<int32_t>(shiftOf(T + 1));   // odd: TailDigits + 3 - 2 lb
+
+    // m0 = floor(A / (B x 10^sh)) and r0 = that division's remainder over
+    // 10^sh, from A' = floor(A / 10^(sh - 1)), whose digits are whole bytes
+    // of the window, divided by 10 B eight digits at a time.
+    // Its bytes go straight to E's, from byte TailDigits / 2 up.
+    const Reciprocal tenB(10 * static_cast<uint64_t>(divisorValue_));
+    const int32_t bottom = (sh - 1) / 2 - (n_ - length_);   // A's lowest byte as a mantissa index
+    const int32_t bytes = length_ - bottom;
+    const int32_t chunks = (bytes + 3) / 4;
+    e.assign(static_cast<std::size_t>(length_) + 2, 0);
+    const std::size_t eSize = e.size();
+    const uint8_t* d = a_.digits.data() + bottom;   // bottom >= 0: sh is at least 25
+    uint64_t rest = 0;   // below 10 B < 10^11, so rest x 10^8 + chunk stays below 2^64
+    for (int32_t c = chunks - 1; c >= 0; --c) {
+        const int32_t i = 4 * c;
+        const std::size_t at = static_cast<std::size_t>(i) + TailDigits / 2;   // where its bytes go in E
+        if (i + 3 < bytes && at + 3 < eSize) {
+            const uint64_t chunk = ((d[i + 3] * 100u + d[i + 2]) * 100u + d[i + 1]) * 100u + d[i];
+            const uint32_t q = static_cast<uint32_t>(tenB.quotient(rest * 100000000 + chunk, rest));   // below 10^8
+            const uint32_t high = q / 10000;
+            const uint32_t low = q % 10000;
+            e[at] = static_cast<uint8_t>(low % 100);
+            e[at + 1] = static_cast<uint8_t>(low / 100);
+            e[at + 2] = static_cast<uint8_t>(high % 100);
+            e[at + 3] = static_cast<uint8_t>(high / 100);
+            continue;
+        }
+        // The top chunk: part of it lies above the dividend or above E.
+        uint64_t chunk = 0;
+        for (int32_t k = 3; k >= 0; --k) chunk = chunk * 100 + (i + k < bytes ? d[i + k] : 0);
+        uint64_t q = tenB.quotient(rest * 100000000 + chunk, rest);
+        for (std::size_t k = 0; k < 4; ++k, q /= 100) {
+            if (at + k < eSize) {
+                e[at + k] = static_cast<uint8_t>(q % 100);
+            } else if (q % 100 != 0) {
+                return false;
+            }
+        }
+    }
+    const int64_t r0 = static_cast<int64_t>(rest / 10);
+    const bool belowIsNonzero = lowestNonzero_ < sh;
+    // |remainder| < 10^(2n - 1 - T), that is |r0 + j B + fraction| < 10^(2 lb)
+    // for m = m0 - j, the fraction being the dividend's digits below sh.
+    const int64_t bound = Pow10[2 * lb_];
+    const int64_t lowest = belowIsNonzero ? -bound : -bound + 1;
+    const auto floorDiv = [](int64_t x, int64_t y) { return x / y - ((x % y != 0) && (x < 0)); };
+    const int64_t jFirst = -floorDiv(r0 - lowest, divisorValue_);   // smallest j with r0 + jB >= lowest
+    const int64_t jLast = floorDiv(bound - 1 - r0, divisorValue_);
+
+    Wide pow10[TailDigits + 4];
+    pow10[0] = 1;
+    for (int k = 1; k < TailDigits + 4; ++k) pow10[k] = pow10[k - 1] * 10;
+    std::vector<Wide> firstOffsets;   // the first candidate's offsets while exact, sorted once it ends
+    bool haveFirst = false;
+    Wide agreed = 0;   // E - m0 x 10^TailDigits
+    for (int64_t j = jFirst; j <= jLast; ++j) {
+        int32_t p = sh;
+        int64_t W = r0 + j * divisorValue_;
+        Wide offset = -static_cast<Wide>(j) * pow10[TailDigits];
+        bool exactSoFar = true;
+        const auto meetsFirst = [&] {
+            return haveFirst && exactSoFar && std::binary_search(firstOffsets.begin(), firstOffsets.end(), offset);
+        };
+        if (!haveFirst) firstOffsets.push_back(offset);
+        bool merged = meetsFirst();
+        for (int64_t count = 0; !merged; ++count) {
+            if (count > 20 * (TailDigits + 10)) return false;
+            const Step next = step(p, W);
+            if (next.outcome == Outcome::TooWide) return false;
+            if (next.outcome != Outcome::Digit) break;
+            const int64_t weight = lastDigit_ + 2 - next.s;   // the digit counts 10^weight in E
+            if (weight < 0 || weight > TailDigits + 3) return false;
+            offset += next.q * pow10[weight];
+            exactSoFar = exactSoFar && next.exactStep;
+            if (!haveFirst && exactSoFar) firstOffsets.push_back(offset);
+            merged = meetsFirst();
+        }
+        if (merged) continue;   // it ends where the first one ends
+        if (!haveFirst) {
+            haveFirst = true;
+            agreed = offset;
+            std::sort(firstOffsets.begin(), firstOffsets.end());
+        } else if (offset != agreed) {
+            return false;
+        }
+    }
+    if (!haveFirst) return false;
+
+    // E = m0 x 10^TailDigits (in e already) + the offset, with carries; the
+    // top byte of E is the quotient's overflow byte.
+    const bool negative = agreed < 0;
+    const Wide magnitude = negative ? -agreed : agreed;
+    // Its pairs from two 64-bit halves (a 128-bit division is a library call).
+    constexpr int64_t HalfPairs = 9;
+    uint64_t low = static_cast<uint64_t>(magnitude % Pow10[2 * HalfPairs]);
+    uint64_t high = static_cast<uint64_t>(magnitude / Pow10[2 * HalfPairs]);
+    int carry = 0;
+    for (std::size_t k = 0; k < e.size() && (low != 0 || high != 0 || carry != 0); ++k) {
+        int digit;
+        if (k < HalfPairs) {
+            digit = static_cast<int>(low % 100);
+            low /= 100;
+        } else {
+            digit = static_cast<int>(high % 100);
+            high /= 100;
+        }
+        int v = e[k] + (negative ? -digit : digit) + carry;
+        carry = 0;
+        if (v >= 100) {
+            v -= 100;
+            carry = 1;
+        } else if (v < 0) {
+            v += 100;
+            carry = -1;
+        }
+        e[k] = static_cast<uint8_t>(v);
+    }
+    return carry == 0 && low == 0 && high == 0;
+}
+
+// E (the correction pair, then the quotient bytes and the overflow byte)
+// turned into the result, as divide finishes: an overflow byte shifted in,
+// leading zeros shifted out with the correction fed in, else the final
+// rounding on the correction.
+BigNum finish(const std::vector<uint8_t>& e, int32_t length, int64_t exponent, int8_t sign) {
     BigNum r = makeZero(length);
-    for (int32_t k = 0; k < length; ++k) r.digits[k] = quotient[k];
+    std::copy(e.begin() + 1, e.begin() + 1 + length, r.digits.begin());
     r.exponent = static_cast<int32_t>(exponent);
     r.sign = sign;
-    int overflow = quotient[length];
+    const int correction = e[0];
+    int overflow = e[static_cast<std::size_t>(length) + 1];
     if (overflow != 0) {
         int guard = correction;
         while (overflow != 0) {
@@ -248,5 +461,26 @@ BigNum divideBySmall(const BigNum& a, int32_t v) {
     }
     return r;
 }
+
+}  // namespace
+
+BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail) {
+    const int32_t length = a.length();
+    // A divisor of up to ten digits fills at most five bytes: at six bytes it
+    // has the same top bytes as at the dividend's length, and no work to clear.
+    const int32_t divisorLength = length < 6 ? length : 6;
+    const BigNum b = fromInt(divisorLength, v);
+    if (v <= 0 || b.length() != divisorLength || !a.isFinite() || a.isZero()) return divide(a, fromInt(length, v));
+    const int8_t sign = static_cast<int8_t>(a.sign * b.sign);
+    const int64_t exponent = static_cast<int64_t>(a.exponent) - b.exponent;
+    if (wrapsInt32(exponent)) return makeInfinity(length, sign);
+
+    const Replay replay(a, b);
+    std::vector<uint8_t> e;
+    if ((fromTail && replay.runTail(e)) || replay.runWhole(e)) return finish(e, length, exponent, sign);
+    return divide(a, fromInt(length, v));
+}
+
+BigNum divideBySmall(const BigNum& a, int32_t v) { return divideBySmallWith(a, v, true); }
 
 }  // namespace quorvel::elementary_detail

@@ -12,6 +12,9 @@ namespace quorvel::elementary_detail {
 // as divide(a, fromInt(a.length(), v)), with an identical result, in time
 // linear in the length (numeric/divide_small.cpp).
 BigNum divideBySmall(const BigNum& a, int32_t v);
+// The same with the tail shortcut on (fromTail, what divideBySmall does) or
+// off (the whole division replayed step by step): identical results.
+BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail);
 
 // a / v for a small positive integer v, at a's length.
 inline BigNum divideByInt(const BigNum& a, int32_t v) { return divideBySmall(a, v); }
