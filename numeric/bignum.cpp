@@ -44,9 +44,12 @@ std::vector<uint8_t> alignedPairs(const BigNum& x, int64_t shift, int32_t length
         for (int64_t k = 0; k < first; ++k) {
             out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
         }
-        for (int64_t k = first; k <= last; ++k) {
-            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>(bignum_detail::UnitsTimesTen[d[k - 1 + g]] + bignum_detail::Tens[d[k - 2 + g]]);
-        }
+        // The main run on plain pointers, which the compiler turns into vector code.
+        const uint8_t* upper = d + (first - 1 + g);
+        const uint8_t* lower = d + (first - 2 + g);
+        uint8_t* target = out.data() + first;
+        const int64_t run = last - first + 1;
+        for (int64_t k = 0; k < run; ++k) target[k] = static_cast<uint8_t>((upper[k] % 10) * 10 + lower[k] / 10);
         for (int64_t k = last + 1; k < count; ++k) {
             out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
         }

@@ -1,28 +1,12 @@
 // Internal helpers shared by the BigNum implementation files (not a public API).
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <limits>
 
 #include "numeric/bignum.h"
 
 namespace quorvel::bignum_detail {
-
-// For a byte: its units digit times ten, and its tens digit (b / 10), the
-// two halves of a pair that straddles two bytes (a decimal shift by one
-// digit joins UnitsTimesTen[upper] + Tens[lower]). Every byte value has an
-// entry, so the lookups equal the arithmetic they replace for any byte.
-constexpr std::array<uint8_t, 256> UnitsTimesTen = [] {
-    std::array<uint8_t, 256> table{};
-    for (int b = 0; b < 256; ++b) table[static_cast<std::size_t>(b)] = static_cast<uint8_t>((b % 10) * 10);
-    return table;
-}();
-constexpr std::array<uint8_t, 256> Tens = [] {
-    std::array<uint8_t, 256> table{};
-    for (int b = 0; b < 256; ++b) table[static_cast<std::size_t>(b)] = static_cast<uint8_t>(b / 10);
-    return table;
-}();
 
 // Turns a into the infinity of its sign and length: zero mantissa, exponent 0.
 inline void overflowToInfinity(BigNum& a) {

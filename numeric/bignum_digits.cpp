@@ -2,6 +2,7 @@
 // decimal position, one-digit shifts, digit and pair reads, and comparison.
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
@@ -156,16 +157,23 @@ void normalize(BigNum& a, int guard) {
     } else {
         // New byte i takes the digits at 2i+1-k and 2i-k: the units digit of
         // byte i - m and the tens digit of byte i - m - 1 (k = 2m + 1), the
-        // guard serving as byte -1. They lie at or below byte i, so working
-        // from the top down reads only unwritten bytes.
+        // guard serving as byte -1. Written to a fresh array, which lets the
+        // compiler run the main loop on vectors.
         const int32_t m = (k - 1) / 2;
-        uint8_t* d = a.digits.data();
-        int32_t i = n - 1;
-        for (; i - m - 1 >= 0; --i) d[i] = static_cast<uint8_t>(bignum_detail::UnitsTimesTen[d[i - m]] + bignum_detail::Tens[d[i - m - 1]]);
-        for (; i >= 0; --i) {
+        const uint8_t* d = a.digits.data();
+        std::vector<uint8_t> shifted(static_cast<std::size_t>(n), 0);
+        uint8_t* out = shifted.data();
+        int32_t i = 0;
+        for (; i < n && i - m - 1 < 0; ++i) {
             const int64_t low = 2 * static_cast<int64_t>(i) - k;
-            d[i] = static_cast<uint8_t>(extended(low + 1) * 10 + extended(low));
+            out[i] = static_cast<uint8_t>(extended(low + 1) * 10 + extended(low));
         }
+        const uint8_t* upper = d + (i - m);
+        const uint8_t* lower = d + (i - m - 1);
+        uint8_t* target = out + i;
+        const int32_t count = n - i;
+        for (int32_t j = 0; j < count; ++j) target[j] = static_cast<uint8_t>((upper[j] % 10) * 10 + lower[j] / 10);
+        a.digits.swap(shifted);
     }
     if (k == 1 && guard % 10 >= 5) addAtDigit(a, 1, 0);
 }
