@@ -34,24 +34,29 @@ std::vector<uint8_t> alignedPairs(const BigNum& x, int64_t shift, int32_t length
         const int64_t h = shift / 2;
         const int64_t first = std::max<int64_t>(0, 1 - h);
         const int64_t last = std::min<int64_t>(count - 1, n - h);   // inclusive
-        for (int64_t k = first; k <= last; ++k) out[static_cast<std::size_t>(k)] = d[k - 1 + h];
+        if (first <= last) std::copy(d + (first - 1 + h), d + (last + h), out.begin() + first);
     } else {
-        // out[k] = units of byte k - 1 + g, then tens of byte k - 2 + g.
+        // out[k] = units of byte k - 1 + g, then tens of byte k - 2 + g: both
+        // bytes exist for k in first..last, one of them at k = 1 - g and at
+        // k = n + 1 - g, neither elsewhere (those pairs stay 0).
         const int64_t g = (shift + 1) / 2;
         const auto byteAt = [&](int64_t k) -> int { return (k >= 0 && k < n) ? d[k] : 0; };
-        const int64_t first = std::max<int64_t>(0, std::min<int64_t>(count, 2 - g));
-        const int64_t last = std::max<int64_t>(first - 1, std::min<int64_t>(count - 1, n - g));   // inclusive
-        for (int64_t k = 0; k < first; ++k) {
-            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
-        }
-        // The main run on plain pointers, which the compiler turns into vector code.
-        const uint8_t* upper = d + (first - 1 + g);
-        const uint8_t* lower = d + (first - 2 + g);
-        uint8_t* target = out.data() + first;
-        const int64_t run = last - first + 1;
-        for (int64_t k = 0; k < run; ++k) target[k] = static_cast<uint8_t>((upper[k] % 10) * 10 + lower[k] / 10);
-        for (int64_t k = last + 1; k < count; ++k) {
-            out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
+        const auto edge = [&](int64_t k) {
+            if (k >= 0 && k < count) {
+                out[static_cast<std::size_t>(k)] = static_cast<uint8_t>((byteAt(k - 1 + g) % 10) * 10 + byteAt(k - 2 + g) / 10);
+            }
+        };
+        edge(1 - g);
+        edge(n + 1 - g);
+        const int64_t first = std::max<int64_t>(0, 2 - g);
+        const int64_t last = std::min<int64_t>(count - 1, n - g);   // inclusive
+        if (first <= last) {
+            // Plain pointers, which the compiler turns into vector code.
+            const uint8_t* upper = d + (first - 1 + g);
+            const uint8_t* lower = d + (first - 2 + g);
+            uint8_t* target = out.data() + first;
+            const int64_t run = last - first + 1;
+            for (int64_t k = 0; k < run; ++k) target[k] = static_cast<uint8_t>((upper[k] % 10) * 10 + lower[k] / 10);
         }
     }
     return out;

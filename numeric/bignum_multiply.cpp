@@ -6,6 +6,7 @@
 // (columnsByLimbs), where the limb products that straddle the lowest column
 // are taken apart pair by pair. Both yield the same integer, so the rounded
 // result is identical (tests/bignum_multiply_differential_test.cpp).
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -147,6 +148,12 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
         const uint32_t high = limb / 10000;
         const uint32_t low = limb % 10000;
         const uint32_t pairs[PairsPerLimb] = {low % 100, low / 100, high % 100, high / 100};
+        const int64_t base = static_cast<int64_t>(c) * PairsPerLimb - lowest;   // index of pairs[0]
+        if (base >= 0 && static_cast<std::size_t>(base) + PairsPerLimb <= width) {
+            for (int32_t r = 0; r < PairsPerLimb; ++r) out[static_cast<std::size_t>(base + r)] = static_cast<uint8_t>(pairs[r]);
+            k = static_cast<std::size_t>(base) + PairsPerLimb;
+            continue;
+        }
         for (int32_t r = 0; r < PairsPerLimb; ++r) {
             const int64_t index = static_cast<int64_t>(c) * PairsPerLimb + r - lowest;
             if (index < 0) continue;
@@ -188,7 +195,7 @@ BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimb
     r.exponent = static_cast<int32_t>(exponent);
     r.sign = sign;
     const int guard = columns[Below];
-    for (int32_t k = 0; k < length; ++k) r.digits[k] = columns[static_cast<std::size_t>(k + Below + 1)];
+    std::copy(columns.begin() + Below + 1, columns.begin() + Below + 1 + length, r.digits.begin());
     // A carry out of the top is shifted in digit by digit (it cannot arise from
     // normalised operands, whose mantissa product stays below 100).
     int g = guard;
