@@ -54,7 +54,7 @@ inline int pairFromBottom(const uint8_t* bytes, int32_t length, int64_t offset) 
 BigNum multiplyWith(const BigNum& a, const BigNum& b, bool byLimbs);
 
 // The long division of divide, its steps on bytes (byLimbs false) or on
-// limbs of eight digits (byLimbs true); both give the identical result.
+// limbs of sixteen digits (byLimbs true); both give the identical result.
 BigNum divideWith(const BigNum& a, const BigNum& b, bool byLimbs);
 
 }  // namespace quorvel::bignum_detail

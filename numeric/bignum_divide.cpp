@@ -1,5 +1,6 @@
 // BigNum division: non-restoring long division, one decimal quotient digit per
 // step, estimated from the leading digits of the remainder and the divisor.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -159,14 +160,14 @@ void stepsOnBytes(const BigNum& a, const BigNum& b, int32_t length, std::vector<
 
 }
 
-// The same steps on limbs of eight decimal digits (base 10^8): the window's
-// decimal position x is digit x mod 8 of limb x / 8, so a multiple of the
-// divisor at any decimal shift is one of eight pre-shifted copies placed at
-// a whole limb. Subtracting then walks a quarter as many places, and the
-// values subtracted, the estimates and the quotient digits are those of the
-// byte steps, so the quotient is identical.
-constexpr int32_t DigitsPerLimb = 8;
-constexpr int64_t LimbBase = 100000000;
+// The same steps on limbs of sixteen decimal digits (base 10^16): the
+// window's decimal position x is digit x mod 16 of limb x / 16, so a multiple
+// of the divisor at any decimal shift is one of sixteen pre-shifted copies
+// placed at a whole limb. Subtracting then walks an eighth as many places,
+// and the values subtracted, the estimates and the quotient digits are those
+// of the byte steps, so the quotient is identical.
+constexpr int32_t DigitsPerLimb = 16;
+constexpr int64_t LimbBase = 10000000000000000;
 constexpr uint64_t Pow10u[] = {1,
                                10,
                                100,
@@ -181,11 +182,14 @@ constexpr uint64_t Pow10u[] = {1,
                                100000000000,
                                1000000000000,
                                10000000000000,
-                               100000000000000};
+                               100000000000000,
+                               1000000000000000,
+                               10000000000000000};
 
-int digitCountOfLimb(uint32_t v) {
+// Decimal digits of 1 <= v < 10^16.
+int digitCountOfLimb(uint64_t v) {
     int count = 1;
-    while (count < 8 && v >= Pow10u[count]) ++count;
+    while (count < DigitsPerLimb && v >= Pow10u[count]) ++count;
     return count;
 }
 
@@ -194,35 +198,49 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
     const int32_t n = length + 2;
     const int32_t la = a.length();
     const int32_t nl = (2 * (n + 1) + DigitsPerLimb - 1) / DigitsPerLimb;
-    std::vector<uint32_t> rem(static_cast<std::size_t>(nl), 0);
+    std::vector<int64_t> rem(static_cast<std::size_t>(nl), 0);
     for (int32_t k = 0; k < la; ++k) {
         const int32_t position = 2 * (n - 1 - k);   // the byte's units digit
         rem[static_cast<std::size_t>(position / DigitsPerLimb)] +=
-            static_cast<uint32_t>(a.digits[static_cast<std::size_t>(la - 1 - k)] * Pow10u[position % DigitsPerLimb]);
+            static_cast<int64_t>(a.digits[static_cast<std::size_t>(la - 1 - k)] * Pow10u[position % DigitsPerLimb]);
     }
 
-    // The divisor without its low zero bytes, and q x divisor x 10^r for
-    // q = 1..9 and r = 0..7, each in wl limbs.
+    // The divisor without its low zero bytes, shifted up by r = 0..15 digits,
+    // and q x that for q = 1..9, each in wl limbs.
     int32_t lowZeros = 0;
     while (b.digits[lowZeros] == 0) ++lowZeros;   // stops: the top byte is nonzero
     const int32_t lb = b.length() - lowZeros;
     const int divisorTop = b.digits[lowZeros + lb - 1];
-    const int32_t wl = (2 * lb + 1 + 7) / DigitsPerLimb + 1;
-    std::vector<uint32_t> divisorLimbs(static_cast<std::size_t>(wl), 0);
+    const int32_t wl = (2 * lb + DigitsPerLimb - 1) / DigitsPerLimb + 1;
+    std::vector<int64_t> shifted(static_cast<std::size_t>(DigitsPerLimb) * wl, 0);
     for (int32_t k = 0; k < lb; ++k) {
         const int32_t position = 2 * k;
-        divisorLimbs[static_cast<std::size_t>(position / DigitsPerLimb)] +=
-            static_cast<uint32_t>(b.digits[static_cast<std::size_t>(lowZeros + k)] * Pow10u[position % DigitsPerLimb]);
+        shifted[static_cast<std::size_t>(position / DigitsPerLimb)] +=
+            static_cast<int64_t>(b.digits[static_cast<std::size_t>(lowZeros + k)] * Pow10u[position % DigitsPerLimb]);
     }
-    std::vector<uint32_t> multiples(static_cast<std::size_t>(72) * wl, 0);
-    for (int q = 1; q <= 9; ++q) {
+    for (int r = 1; r < DigitsPerLimb; ++r) {
+        const int64_t* from = &shifted[static_cast<std::size_t>(r - 1) * wl];
+        int64_t* to = &shifted[static_cast<std::size_t>(r) * wl];
+        int64_t carry = 0;
+        for (int32_t k = 0; k < wl; ++k) {
+            const int64_t v = from[k] * 10 + carry;   // below 10^17
+            to[k] = v % LimbBase;
+            carry = v / LimbBase;
+        }
+    }
+    // Multiple q is multiple q - 1 plus the shifted divisor, limb by limb.
+    std::vector<int64_t> multiples(static_cast<std::size_t>(9 * DigitsPerLimb) * wl, 0);
+    std::copy(shifted.begin(), shifted.end(), multiples.begin());
+    for (int q = 2; q <= 9; ++q) {
         for (int r = 0; r < DigitsPerLimb; ++r) {
-            uint32_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
-            uint64_t carry = 0;
+            const int64_t* from = &shifted[static_cast<std::size_t>(r) * wl];
+            const int64_t* previous = &multiples[static_cast<std::size_t>((q - 2) * DigitsPerLimb + r) * wl];
+            int64_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
+            int64_t carry = 0;
             for (int32_t k = 0; k < wl; ++k) {
-                const uint64_t v = static_cast<uint64_t>(divisorLimbs[static_cast<std::size_t>(k)]) * Pow10u[r] * q + carry;
-                m[k] = static_cast<uint32_t>(v % LimbBase);
-                carry = v / LimbBase;
+                const int64_t v = previous[k] + from[k] + carry;
+                carry = v >= LimbBase ? 1 : 0;
+                m[k] = v - LimbBase * carry;
             }
         }
     }
@@ -234,15 +252,19 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
     for (int64_t step = 0; step < stepLimit; ++step) {
         while (topLimb >= 0 && rem[static_cast<std::size_t>(topLimb)] == 0) --topLimb;
         if (topLimb < 0) break;   // exact
-        const uint32_t leadLimb = rem[static_cast<std::size_t>(topLimb)];
+        const uint64_t leadLimb = static_cast<uint64_t>(rem[static_cast<std::size_t>(topLimb)]);
         const int count = digitCountOfLimb(leadLimb);
         const int64_t pos = static_cast<int64_t>(DigitsPerLimb) * topLimb + count - 1;
         const int64_t t = 2 * static_cast<int64_t>(n) - 1 - pos;
         if (t > lastDigit + 1) break;   // more than 2L digits below the start
         // The digits at pos, pos - 1 and pos - 2 (below the window they read 0).
-        const uint64_t pairOfLimbs =
-            static_cast<uint64_t>(leadLimb) * LimbBase + (topLimb > 0 ? rem[static_cast<std::size_t>(topLimb - 1)] : 0);
-        const int leading = static_cast<int>(pairOfLimbs / Pow10u[count + 5]);
+        int leading;
+        if (count >= 3) {
+            leading = static_cast<int>(leadLimb / Pow10u[count - 3]);
+        } else {
+            const uint64_t next = topLimb > 0 ? static_cast<uint64_t>(rem[static_cast<std::size_t>(topLimb - 1)]) : 0;
+            leading = static_cast<int>(leadLimb * Pow10u[3 - count] + next / Pow10u[DigitsPerLimb - 3 + count]);
+        }
         const int lead = leading / 10;
         int q = estimateDigit(lead, divisorTop);
         int64_t s = t;
@@ -259,15 +281,15 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
         const int64_t r = ((shift % DigitsPerLimb) + DigitsPerLimb) % DigitsPerLimb;
         const int64_t offset = (shift - r) / DigitsPerLimb;
-        const uint32_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
+        const int64_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
         const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
         const int64_t top = offset + wl - 1;
         const int32_t high = top < nl - 1 ? static_cast<int32_t>(top) : nl - 1;
-        uint32_t* window = rem.data();
+        int64_t* window = rem.data();
         int order = 0;
         for (int32_t idx = topLimb > high ? topLimb : high; idx >= low; --idx) {
-            const uint32_t w = window[idx];
-            const uint32_t tm = idx <= high ? m[idx - offset] : 0;
+            const int64_t w = window[idx];
+            const int64_t tm = idx <= high ? m[idx - offset] : 0;
             if (w != tm) {
                 order = w > tm ? 1 : -1;
                 break;
@@ -280,14 +302,14 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         int64_t borrow = 0;
         if (order >= 0) {
             for (int32_t idx = low; idx <= high; ++idx) {
-                int64_t v = static_cast<int64_t>(window[idx]) - m[idx - offset] - borrow;
+                const int64_t v = window[idx] - m[idx - offset] - borrow;
                 borrow = v < 0 ? 1 : 0;
-                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+                window[idx] = v + LimbBase * borrow;
             }
             for (int32_t idx = high + 1; borrow != 0 && idx < nl; ++idx) {
-                const int64_t v = static_cast<int64_t>(window[idx]) - 1;
+                const int64_t v = window[idx] - 1;
                 borrow = v < 0 ? 1 : 0;
-                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+                window[idx] = v + LimbBase * borrow;
             }
         } else {
             // The new magnitude is q x divisor minus the remainder, which holds
@@ -296,7 +318,7 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
                 const int64_t tm = idx >= low ? m[idx - offset] : 0;
                 const int64_t v = tm - window[idx] - borrow;
                 borrow = v < 0 ? 1 : 0;
-                window[idx] = static_cast<uint32_t>(v + LimbBase * borrow);
+                window[idx] = v + LimbBase * borrow;
             }
             remSign = -remSign;
         }
