@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -170,9 +171,56 @@ uint64_t columnsByLimbs(const BigNum& a, const BigNum& b, int32_t lowest, std::v
     return rest + carry * restScale;
 }
 
-}  // namespace
+// The position and value of x's only nonzero pair, or value 0 when it has
+// more than one (the top pair of a finite nonzero x is never zero).
+struct OnlyPair {
+    int32_t index = 0;
+    uint32_t value = 0;
+};
+OnlyPair onlyPair(const BigNum& x) {
+    const int32_t top = x.length() - 1;
+    // Whole words of eight pairs first: a long operand with a nonzero low
+    // pair is told apart at once.
+    const uint8_t* d = x.digits.data();
+    int32_t i = 0;
+    for (; i + 8 <= top; i += 8) {
+        uint64_t word;
+        std::memcpy(&word, d + i, sizeof word);
+        if (word != 0) return {};
+    }
+    for (; i < top; ++i) {
+        if (d[i] != 0) return {};
+    }
+    return {top, d[top]};
+}
 
-BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimbs) {
+// The same columns as columnsBytewise when b's only nonzero pair is v at
+// byte jb: one pass over a, carrying as it goes.
+uint64_t columnsByOnePair(const BigNum& a, int32_t jb, uint32_t v, int32_t lowest, std::vector<uint8_t>& out) {
+    const int32_t la = a.length();
+    const int32_t width = static_cast<int32_t>(out.size());
+    const int32_t base = jb - lowest;   // column of a's byte 0
+    const int32_t first = base < 0 ? -base : 0;
+    const int32_t last = std::min(la, width - base);   // a's bytes up to the top column
+    const uint8_t* ad = a.digits.data();
+    uint32_t carry = 0;
+    for (int32_t i = first; i < last; ++i) {
+        const uint32_t t = ad[i] * v + carry;   // below 100 x 100
+        out[static_cast<std::size_t>(base + i)] = static_cast<uint8_t>(t % 100);
+        carry = t / 100;
+    }
+    for (int32_t k = std::max(0, base + std::max(first, last)); k < width; ++k) {
+        out[static_cast<std::size_t>(k)] = static_cast<uint8_t>(carry % 100);
+        carry /= 100;
+    }
+    return carry;
+}
+
+enum class Columns { Pairs, Limbs, OnePair };
+
+// The truncated product with its columns summed the given way (OnePair:
+// b's only nonzero pair is `only`).
+BigNum product(const BigNum& a, const BigNum& b, Columns how, OnlyPair only = {}) {
     const int32_t length = a.length() > b.length() ? a.length() : b.length();
     if (a.isNaN() || b.isNaN()) return makeNaN();
     // A zero operand is tested before infinity, so zero times infinity is zero.
@@ -189,7 +237,12 @@ BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimb
     const int32_t lowest = drop - Below - 1;
     // [0..Below-1] the columns under the guard, [Below] the guard, then the result bytes.
     std::vector<uint8_t> columns(static_cast<std::size_t>(length) + Below + 1, 0);
-    uint64_t carry = byLimbs ? columnsByLimbs(a, b, lowest, columns) : columnsBytewise(a, b, lowest, columns);
+    uint64_t carry = 0;
+    switch (how) {
+        case Columns::Pairs: carry = columnsBytewise(a, b, lowest, columns); break;
+        case Columns::Limbs: carry = columnsByLimbs(a, b, lowest, columns); break;
+        case Columns::OnePair: carry = columnsByOnePair(a, only.index, only.value, lowest, columns); break;
+    }
 
     BigNum r = makeZero(length);
     r.exponent = static_cast<int32_t>(exponent);
@@ -209,7 +262,19 @@ BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimb
     return r;
 }
 
+}  // namespace
+
+BigNum bignum_detail::multiplyWith(const BigNum& a, const BigNum& b, bool byLimbs) {
+    return product(a, b, byLimbs ? Columns::Limbs : Columns::Pairs);
+}
+
 BigNum multiply(const BigNum& a, const BigNum& b) {
+    // A factor of a single pair (0.49, 3, 1/4 = 0.25) takes one pass over the
+    // other operand; the columns, and so the product, are the same.
+    if (a.isFinite() && b.isFinite() && !a.isZero() && !b.isZero()) {
+        if (const OnlyPair only = onlyPair(b); only.value != 0) return product(a, b, Columns::OnePair, only);
+        if (const OnlyPair only = onlyPair(a); only.value != 0) return product(b, a, Columns::OnePair, only);
+    }
     // Short operands gain nothing from limbs; very long ones could overflow
     // the 64-bit limb columns.
     const bool byLimbs = a.length() >= 8 && b.length() >= 8 && a.length() <= PairsPerLimb * MaxLimbs &&

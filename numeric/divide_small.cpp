@@ -139,6 +139,57 @@ private:
     uint64_t inverse_;
 };
 
+// Writes v < 10^(2 Count) as Count base-100 pairs, lowest first.
+template <int Count>
+void writePairs(uint64_t v, uint8_t* out) {
+    static_assert(Count == 4 || Count == 6);
+    uint32_t low = static_cast<uint32_t>(v);
+    if constexpr (Count == 6) {
+        const uint32_t top = static_cast<uint32_t>(v / 100000000);
+        low = static_cast<uint32_t>(v % 100000000);
+        out[4] = static_cast<uint8_t>(top % 100);
+        out[5] = static_cast<uint8_t>(top / 100);
+    }
+    const uint32_t high = low / 10000;
+    low %= 10000;
+    out[0] = static_cast<uint8_t>(low % 100);
+    out[1] = static_cast<uint8_t>(low / 100);
+    out[2] = static_cast<uint8_t>(high % 100);
+    out[3] = static_cast<uint8_t>(high / 100);
+}
+
+// The quotient of bytes d[0..count) (base 100, lowest first) by a divisor
+// below 10^19 / 100^Pairs, Pairs bytes at a time, written to e from byte
+// `at` up; rest is the remainder. False when a nonzero quotient byte would
+// land above e's last byte.
+template <int Pairs>
+bool divideInChunks(const uint8_t* d, int32_t count, const Reciprocal& divisor, std::vector<uint8_t>& e, std::size_t at, uint64_t& rest) {
+    constexpr uint64_t Scale = Pairs == 4 ? 100000000ULL : 1000000000000ULL;   // 100^Pairs
+    const std::size_t eSize = e.size();
+    rest = 0;
+    for (int32_t i = ((count - 1) / Pairs) * Pairs; i >= 0; i -= Pairs) {
+        const std::size_t to = static_cast<std::size_t>(i) + at;
+        if (i + Pairs <= count && to + Pairs <= eSize) {
+            uint64_t chunk = 0;
+            for (int k = Pairs - 1; k >= 0; --k) chunk = chunk * 100 + d[i + k];
+            writePairs<Pairs>(divisor.quotient(rest * Scale + chunk, rest), e.data() + to);
+            continue;
+        }
+        // The top chunk: part of it lies above the dividend or above E.
+        uint64_t chunk = 0;
+        for (int k = Pairs - 1; k >= 0; --k) chunk = chunk * 100 + (i + k < count ? d[i + k] : 0);
+        uint64_t q = divisor.quotient(rest * Scale + chunk, rest);
+        for (std::size_t k = 0; k < Pairs; ++k, q /= 100) {
+            if (to + k < eSize) {
+                e[to + k] = static_cast<uint8_t>(q % 100);
+            } else if (q % 100 != 0) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 // The long division replayed on one dividend and short divisor. A state of
 // the division is (p, W): remainder = W x 10^p + (the dividend's digits below
 // p), positions counted from the bottom of divide's window of n + 1 bytes,
@@ -317,42 +368,17 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
 
     // m0 = floor(A / (B x 10^sh)) and r0 = that division's remainder over
     // 10^sh, from A' = floor(A / 10^(sh - 1)), whose digits are whole bytes
-    // of the window, divided by 10 B eight digits at a time.
-    // Its bytes go straight to E's, from byte TailDigits / 2 up.
-    const Reciprocal tenB(10 * static_cast<uint64_t>(divisorValue_));
+    // of the window, divided by 10 B: twelve digits at a time when 10 B is
+    // below 10^7, else eight. Its bytes go straight to E's, from byte
+    // TailDigits / 2 up.
+    const uint64_t tenB = 10 * static_cast<uint64_t>(divisorValue_);
     const int32_t bottom = (sh - 1) / 2 - (n_ - length_);   // A's lowest byte as a mantissa index
-    const int32_t bytes = length_ - bottom;
-    const int32_t chunks = (bytes + 3) / 4;
     e.assign(static_cast<std::size_t>(length_) + 2, 0);
-    const std::size_t eSize = e.size();
     const uint8_t* d = a_.digits.data() + bottom;   // bottom >= 0: sh is at least 25
-    uint64_t rest = 0;   // below 10 B < 10^11, so rest x 10^8 + chunk stays below 2^64
-    for (int32_t c = chunks - 1; c >= 0; --c) {
-        const int32_t i = 4 * c;
-        const std::size_t at = static_cast<std::size_t>(i) + TailDigits / 2;   // where its bytes go in E
-        if (i + 3 < bytes && at + 3 < eSize) {
-            const uint64_t chunk = ((d[i + 3] * 100u + d[i + 2]) * 100u + d[i + 1]) * 100u + d[i];
-            const uint32_t q = static_cast<uint32_t>(tenB.quotient(rest * 100000000 + chunk, rest));   // below 10^8
-            const uint32_t high = q / 10000;
-            const uint32_t low = q % 10000;
-            e[at] = static_cast<uint8_t>(low % 100);
-            e[at + 1] = static_cast<uint8_t>(low / 100);
-            e[at + 2] = static_cast<uint8_t>(high % 100);
-            e[at + 3] = static_cast<uint8_t>(high / 100);
-            continue;
-        }
-        // The top chunk: part of it lies above the dividend or above E.
-        uint64_t chunk = 0;
-        for (int32_t k = 3; k >= 0; --k) chunk = chunk * 100 + (i + k < bytes ? d[i + k] : 0);
-        uint64_t q = tenB.quotient(rest * 100000000 + chunk, rest);
-        for (std::size_t k = 0; k < 4; ++k, q /= 100) {
-            if (at + k < eSize) {
-                e[at + k] = static_cast<uint8_t>(q % 100);
-            } else if (q % 100 != 0) {
-                return false;
-            }
-        }
-    }
+    uint64_t rest = 0;
+    const bool divided = tenB < 10000000 ? divideInChunks<6>(d, length_ - bottom, Reciprocal(tenB), e, TailDigits / 2, rest)
+                                         : divideInChunks<4>(d, length_ - bottom, Reciprocal(tenB), e, TailDigits / 2, rest);
+    if (!divided) return false;
     const int64_t r0 = static_cast<int64_t>(rest / 10);
     const bool belowIsNonzero = lowestNonzero_ < sh;
     // |remainder| < 10^(2n - 1 - T), that is |r0 + j B + fraction| < 10^(2 lb)

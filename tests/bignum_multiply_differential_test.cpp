@@ -77,5 +77,30 @@ TEST(BigNumMultiplyDifferential, SmallIntegerFactorsAndSquares) {
     }
 }
 
+// A factor with one nonzero pair (0.49, 3, 0.25, 7 x 10^-40) takes its own
+// one-pass route in multiply; the product must not change.
+TEST(BigNumMultiplyDifferential, OnePairFactors) {
+    std::mt19937_64 rng(49);
+    for (int i = 0; i < 3000; ++i) {
+        const int32_t la = 2 + static_cast<int32_t>(rng() % 60);
+        const int32_t lb = (i % 3 == 0) ? la : 2 + static_cast<int32_t>(rng() % 60);
+        BigNum b = makeZero(lb);
+        b.digits[static_cast<std::size_t>(lb - 1)] = static_cast<uint8_t>(1 + rng() % 99);
+        b.sign = (rng() % 2 != 0) ? 1 : -1;
+        b.exponent = static_cast<int32_t>(rng() % 81) - 40;
+        const BigNum a = randomOperand(rng, la);
+        expectSameProduct(a, b);
+        expectSameProduct(b, a);
+        expectSameProduct(b, b);
+    }
+    for (int32_t length : {48, 508, 510}) {
+        for (int i = 0; i < 20; ++i) {
+            const BigNum a = randomOperand(rng, length);
+            expectSameProduct(a, fromInt(length, 1 + static_cast<int32_t>(rng() % 99)));
+            expectSameProduct(fromInt(length, (1 + static_cast<int32_t>(rng() % 9)) * 100), a);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace quorvel
