@@ -79,16 +79,13 @@ BigNum addMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8_t si
     // Index 0 is the guard pair, index i + 1 result byte i.
     int carry = 0;
     int guard = 0;
-    for (int32_t k = 0; k <= length; ++k) {
-        const int sum = pa[static_cast<std::size_t>(k)] + pb[static_cast<std::size_t>(k)] + carry;
+    const auto step = [&](std::size_t k) {
+        const int sum = pa[k] + pb[k] + carry;
         carry = sum >= 100 ? 1 : 0;
-        const int pair = sum - 100 * carry;
-        if (k == 0) {
-            guard = pair;
-        } else {
-            r.digits[static_cast<std::size_t>(k - 1)] = static_cast<uint8_t>(pair);
-        }
-    }
+        return static_cast<uint8_t>(sum - 100 * carry);
+    };
+    guard = step(0);
+    for (int32_t k = 1; k <= length; ++k) r.digits[static_cast<std::size_t>(k - 1)] = step(static_cast<std::size_t>(k));
     if (carry != 0) {
         guard = (r.digits[0] % 10) * 10;
         shiftRightOneDigit(r, carry);
@@ -136,19 +133,14 @@ BigNum subtractMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8
     // Index 0 is the guard pair, index i + 1 result byte i.
     int borrow = 0;
     int guard = 0;
-    for (int32_t k = 0; k <= length; ++k) {
-        int diff = pm[static_cast<std::size_t>(k)] - ps[static_cast<std::size_t>(k)] - borrow;
-        borrow = 0;
-        if (diff < 0) {
-            diff += 100;
-            borrow = 1;
-        }
-        if (k == 0) {
-            guard = diff;
-        } else {
-            r.digits[static_cast<std::size_t>(k - 1)] = static_cast<uint8_t>(diff);
-        }
-    }
+    // Without branches on the digits: a borrow is as likely as not.
+    const auto step = [&](std::size_t k) {
+        const int diff = pm[k] - ps[k] - borrow;
+        borrow = static_cast<int>(static_cast<unsigned>(diff) >> 31);
+        return static_cast<uint8_t>(diff + 100 * borrow);
+    };
+    guard = step(0);
+    for (int32_t k = 1; k <= length; ++k) r.digits[static_cast<std::size_t>(k - 1)] = step(static_cast<std::size_t>(k));
     normalize(r, guard);
     return r;
 }

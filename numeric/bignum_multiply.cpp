@@ -202,13 +202,27 @@ uint64_t columnsByOnePair(const BigNum& a, int32_t jb, uint32_t v, int32_t lowes
     const int32_t base = jb - lowest;   // column of a's byte 0
     const int32_t first = base < 0 ? -base : 0;
     const int32_t last = std::min(la, width - base);   // a's bytes up to the top column
+    // Each product a_i v < 100^2 splits into a low and a high pair without
+    // waiting for a carry (a loop the compiler runs on vectors); then the
+    // sum low_i + high_(i-1) + carry, below 200, carries at most 1.
     const uint8_t* ad = a.digits.data();
-    uint32_t carry = 0;
-    for (int32_t i = first; i < last; ++i) {
-        const uint32_t t = ad[i] * v + carry;   // below 100 x 100
-        out[static_cast<std::size_t>(base + i)] = static_cast<uint8_t>(t % 100);
-        carry = t / 100;
+    const int32_t count = last > first ? last - first : 0;
+    std::vector<uint8_t> low(static_cast<std::size_t>(count));
+    std::vector<uint8_t> high(static_cast<std::size_t>(count));
+    for (int32_t i = 0; i < count; ++i) {
+        const uint32_t t = ad[first + i] * v;
+        low[static_cast<std::size_t>(i)] = static_cast<uint8_t>(t % 100);
+        high[static_cast<std::size_t>(i)] = static_cast<uint8_t>(t / 100);
     }
+    uint32_t carry = 0;
+    uint32_t below = 0;   // the high pair of the product one place down
+    for (int32_t i = 0; i < count; ++i) {
+        const uint32_t sum = low[static_cast<std::size_t>(i)] + below + carry;
+        carry = sum >= 100 ? 1 : 0;
+        out[static_cast<std::size_t>(base + first + i)] = static_cast<uint8_t>(sum - 100 * carry);
+        below = high[static_cast<std::size_t>(i)];
+    }
+    carry += below;
     for (int32_t k = std::max(0, base + std::max(first, last)); k < width; ++k) {
         out[static_cast<std::size_t>(k)] = static_cast<uint8_t>(carry % 100);
         carry /= 100;

@@ -124,19 +124,56 @@ __extension__ using WideUnsigned = unsigned __int128;
 class Reciprocal {
 public:
     explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
+    // The estimate falls short by at most two; the corrections are written
+    // without branches, which would be mispredicted about half the time.
     uint64_t quotient(uint64_t x, uint64_t& remainder) const {
         uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
-        remainder = x - q * d_;
-        while (remainder >= d_) {
-            ++q;
-            remainder -= d_;
+        uint64_t r = x - q * d_;
+        for (int round = 0; round < 2; ++round) {
+            const uint64_t over = r >= d_ ? 1 : 0;
+            q += over;
+            r -= over * d_;
         }
+        remainder = r;
         return q;
     }
 
 private:
     uint64_t d_;
     uint64_t inverse_;
+};
+
+// A few 128-bit values in an open-addressed table: the offsets one tail
+// candidate passed through, for the others to look up. It stops taking
+// values when half full (a value left out only costs a later match).
+class OffsetSet {
+public:
+    void insert(Wide value) {
+        if (count_ >= Slots / 2) return;
+        std::size_t at = slotOf(value);
+        while (used_[at] && keys_[at] != value) at = (at + 1) % Slots;
+        if (!used_[at]) {
+            used_[at] = true;
+            keys_[at] = value;
+            ++count_;
+        }
+    }
+    bool contains(Wide value) const {
+        for (std::size_t at = slotOf(value); used_[at]; at = (at + 1) % Slots) {
+            if (keys_[at] == value) return true;
+        }
+        return false;
+    }
+
+private:
+    static constexpr std::size_t Slots = 128;
+    static std::size_t slotOf(Wide value) {
+        const uint64_t folded = static_cast<uint64_t>(value) ^ static_cast<uint64_t>(value >> 64);
+        return static_cast<std::size_t>((folded * 0x9E3779B97F4A7C15ULL) >> 57);   // top 7 bits: 0..127
+    }
+    std::array<Wide, Slots> keys_{};
+    std::array<bool, Slots> used_{};
+    std::size_t count_ = 0;
 };
 
 // Writes v < 10^(2 Count) as Count base-100 pairs, lowest first.
@@ -392,7 +429,7 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
     Wide pow10[TailDigits + 4];
     pow10[0] = 1;
     for (int k = 1; k < TailDigits + 4; ++k) pow10[k] = pow10[k - 1] * 10;
-    std::vector<Wide> firstOffsets;   // the first candidate's offsets while exact, sorted once it ends
+    OffsetSet firstOffsets;   // the first candidate's offsets while exact
     bool haveFirst = false;
     Wide agreed = 0;   // E - m0 x 10^TailDigits
     for (int64_t j = jFirst; j <= jLast; ++j) {
@@ -401,9 +438,9 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
         Wide offset = -static_cast<Wide>(j) * pow10[TailDigits];
         bool exactSoFar = true;
         const auto meetsFirst = [&] {
-            return haveFirst && exactSoFar && std::binary_search(firstOffsets.begin(), firstOffsets.end(), offset);
+            return haveFirst && exactSoFar && firstOffsets.contains(offset);
         };
-        if (!haveFirst) firstOffsets.push_back(offset);
+        if (!haveFirst) firstOffsets.insert(offset);
         bool merged = meetsFirst();
         for (int64_t count = 0; !merged; ++count) {
             if (count > 20 * (TailDigits + 10)) return false;
@@ -414,14 +451,13 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
             if (weight < 0 || weight > TailDigits + 3) return false;
             offset += next.q * pow10[weight];
             exactSoFar = exactSoFar && next.exactStep;
-            if (!haveFirst && exactSoFar) firstOffsets.push_back(offset);
+            if (!haveFirst && exactSoFar) firstOffsets.insert(offset);
             merged = meetsFirst();
         }
         if (merged) continue;   // it ends where the first one ends
         if (!haveFirst) {
             haveFirst = true;
             agreed = offset;
-            std::sort(firstOffsets.begin(), firstOffsets.end());
         } else if (offset != agreed) {
             return false;
         }
