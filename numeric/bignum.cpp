@@ -81,7 +81,7 @@ BigNum addMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8_t si
     int guard = 0;
     const auto step = [&](std::size_t k) {
         const int sum = pa[k] + pb[k] + carry;
-        carry = sum >= 100 ? 1 : 0;
+        carry = (sum + 156) >> 8;   // sum >= 100, without a branch (sum < 200)
         return static_cast<uint8_t>(sum - 100 * carry);
     };
     guard = step(0);

@@ -218,7 +218,7 @@ uint64_t columnsByOnePair(const BigNum& a, int32_t jb, uint32_t v, int32_t lowes
     uint32_t below = 0;   // the high pair of the product one place down
     for (int32_t i = 0; i < count; ++i) {
         const uint32_t sum = low[static_cast<std::size_t>(i)] + below + carry;
-        carry = sum >= 100 ? 1 : 0;
+        carry = (sum + 156) >> 8;   // sum >= 100, without a branch (sum < 200)
         out[static_cast<std::size_t>(base + first + i)] = static_cast<uint8_t>(sum - 100 * carry);
         below = high[static_cast<std::size_t>(i)];
     }
