@@ -9,6 +9,7 @@
 
 namespace quorvel {
 
+using bignum_detail::addPairColumns;
 using bignum_detail::incrementExponent;
 
 namespace {
@@ -71,21 +72,15 @@ BigNum addMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8_t si
     const auto shiftOf = [&](const BigNum& x) {
         return static_cast<int64_t>(exponent) - x.exponent - 2 * static_cast<int64_t>(length - x.length());
     };
-    const std::vector<uint8_t> pa = alignedPairs(a, shiftOf(a), length);
+    std::vector<uint8_t> pa = alignedPairs(a, shiftOf(a), length);
     const std::vector<uint8_t> pb = alignedPairs(b, shiftOf(b), length);
+    // Index 0 is the guard pair, index i + 1 result byte i.
+    const int carry = addPairColumns(pa.data(), pb.data(), false, 0, pa.data(), pa.size());
     BigNum r = makeZero(length);
     r.exponent = exponent;
     r.sign = sign;
-    // Index 0 is the guard pair, index i + 1 result byte i.
-    int carry = 0;
-    int guard = 0;
-    const auto step = [&](std::size_t k) {
-        const int sum = pa[k] + pb[k] + carry;
-        carry = (sum + 156) >> 8;   // sum >= 100, without a branch (sum < 200)
-        return static_cast<uint8_t>(sum - 100 * carry);
-    };
-    guard = step(0);
-    for (int32_t k = 1; k <= length; ++k) r.digits[static_cast<std::size_t>(k - 1)] = step(static_cast<std::size_t>(k));
+    int guard = pa[0];
+    std::copy(pa.begin() + 1, pa.end(), r.digits.begin());
     if (carry != 0) {
         guard = (r.digits[0] % 10) * 10;
         shiftRightOneDigit(r, carry);
@@ -125,23 +120,17 @@ BigNum subtractMagnitudes(const BigNum& a, const BigNum& b, int32_t length, int8
     const auto shiftOf = [&](const BigNum& x) {
         return static_cast<int64_t>(exponent) - x.exponent - 2 * static_cast<int64_t>(length - x.length());
     };
-    const std::vector<uint8_t> pm = alignedPairs(minuend, shiftOf(minuend), length);
+    std::vector<uint8_t> pm = alignedPairs(minuend, shiftOf(minuend), length);
     const std::vector<uint8_t> ps = alignedPairs(subtrahend, shiftOf(subtrahend), length);
+    // Index 0 is the guard pair, index i + 1 result byte i. The difference is
+    // the minuend plus the nines' complement of the subtrahend plus one, its
+    // carry out of the top dropped: the same pairs as borrowing down the line.
+    addPairColumns(pm.data(), ps.data(), true, 1, pm.data(), pm.size());
     BigNum r = makeZero(length);
     r.exponent = exponent;
     r.sign = static_cast<int8_t>(order > 0 ? sign : -sign);
-    // Index 0 is the guard pair, index i + 1 result byte i.
-    int borrow = 0;
-    int guard = 0;
-    // Without branches on the digits: a borrow is as likely as not.
-    const auto step = [&](std::size_t k) {
-        const int diff = pm[k] - ps[k] - borrow;
-        borrow = static_cast<int>(static_cast<unsigned>(diff) >> 31);
-        return static_cast<uint8_t>(diff + 100 * borrow);
-    };
-    guard = step(0);
-    for (int32_t k = 1; k <= length; ++k) r.digits[static_cast<std::size_t>(k - 1)] = step(static_cast<std::size_t>(k));
-    normalize(r, guard);
+    std::copy(pm.begin() + 1, pm.end(), r.digits.begin());
+    normalize(r, pm[0]);
     return r;
 }
 

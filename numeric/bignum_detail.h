@@ -1,6 +1,7 @@
 // Internal helpers shared by the BigNum implementation files (not a public API).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -47,6 +48,12 @@ inline int pairFromBottom(const uint8_t* bytes, int32_t length, int64_t offset) 
     }
     return digitFromBottom(bytes, length, offset + 1) * 10 + digitFromBottom(bytes, length, offset);
 }
+
+// out[k], k < count: the base-100 pairs of x + y + carryIn, or of
+// x + (99 - y) + carryIn when complementY (x - y, with carryIn 1); the
+// pairs of x and y are at most 99, carryIn 0 or 1. Returns the carry out of
+// the top column. out may be x or y.
+int addPairColumns(const uint8_t* x, const uint8_t* y, bool complementY, int carryIn, uint8_t* out, std::size_t count);
 
 // The truncated product of multiply, its columns summed pair by pair
 // (byLimbs false) or on limbs of four pairs (byLimbs true, operands of at

@@ -204,25 +204,22 @@ uint64_t columnsByOnePair(const BigNum& a, int32_t jb, uint32_t v, int32_t lowes
     const int32_t last = std::min(la, width - base);   // a's bytes up to the top column
     // Each product a_i v < 100^2 splits into a low and a high pair without
     // waiting for a carry (a loop the compiler runs on vectors); then the
-    // sum low_i + high_(i-1) + carry, below 200, carries at most 1.
+    // columns low_i + high_(i-1) are summed with their carries.
     const uint8_t* ad = a.digits.data();
     const int32_t count = last > first ? last - first : 0;
     std::vector<uint8_t> low(static_cast<std::size_t>(count));
-    std::vector<uint8_t> high(static_cast<std::size_t>(count));
+    std::vector<uint8_t> high(static_cast<std::size_t>(count) + 1);   // high[i + 1] from a_i
     for (int32_t i = 0; i < count; ++i) {
-        const uint32_t t = ad[first + i] * v;
-        low[static_cast<std::size_t>(i)] = static_cast<uint8_t>(t % 100);
-        high[static_cast<std::size_t>(i)] = static_cast<uint8_t>(t / 100);
+        const uint16_t t = static_cast<uint16_t>(ad[first + i] * v);
+        const uint16_t h = static_cast<uint16_t>(t / 100);
+        low[static_cast<std::size_t>(i)] = static_cast<uint8_t>(t - 100 * h);
+        high[static_cast<std::size_t>(i) + 1] = static_cast<uint8_t>(h);
     }
-    uint32_t carry = 0;
-    uint32_t below = 0;   // the high pair of the product one place down
-    for (int32_t i = 0; i < count; ++i) {
-        const uint32_t sum = low[static_cast<std::size_t>(i)] + below + carry;
-        carry = (sum + 156) >> 8;   // sum >= 100, without a branch (sum < 200)
-        out[static_cast<std::size_t>(base + first + i)] = static_cast<uint8_t>(sum - 100 * carry);
-        below = high[static_cast<std::size_t>(i)];
+    uint64_t carry = high[static_cast<std::size_t>(count)];
+    if (count > 0) {
+        carry += static_cast<uint64_t>(bignum_detail::addPairColumns(low.data(), high.data(), false, 0, out.data() + base + first,
+                                                                      static_cast<std::size_t>(count)));
     }
-    carry += below;
     for (int32_t k = std::max(0, base + std::max(first, last)); k < width; ++k) {
         out[static_cast<std::size_t>(k)] = static_cast<uint8_t>(carry % 100);
         carry /= 100;

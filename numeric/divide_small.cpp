@@ -20,6 +20,8 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "numeric/bignum.h"
@@ -119,6 +121,14 @@ int64_t dividedByPow10(int64_t m, int k) {
 __extension__ using Wide = __int128;
 __extension__ using WideUnsigned = unsigned __int128;
 
+// 10^k as 128-bit integers, k = 0..36.
+constexpr std::array<Wide, 37> WidePow10 = [] {
+    std::array<Wide, 37> table{};
+    table[0] = 1;
+    for (std::size_t k = 1; k < table.size(); ++k) table[k] = table[k - 1] * 10;
+    return table;
+}();
+
 // floor(x / d) for a divisor fixed over many divisions, by a multiply with
 // its reciprocal and at most two corrections instead of a division.
 class Reciprocal {
@@ -151,15 +161,15 @@ public:
     void insert(Wide value) {
         if (count_ >= Slots / 2) return;
         std::size_t at = slotOf(value);
-        while (used_[at] && keys_[at] != value) at = (at + 1) % Slots;
-        if (!used_[at]) {
-            used_[at] = true;
+        while (used(at) && keys_[at] != value) at = (at + 1) % Slots;
+        if (!used(at)) {
+            used_[at / 64] |= uint64_t{1} << (at % 64);
             keys_[at] = value;
             ++count_;
         }
     }
     bool contains(Wide value) const {
-        for (std::size_t at = slotOf(value); used_[at]; at = (at + 1) % Slots) {
+        for (std::size_t at = slotOf(value); used(at); at = (at + 1) % Slots) {
             if (keys_[at] == value) return true;
         }
         return false;
@@ -171,8 +181,9 @@ private:
         const uint64_t folded = static_cast<uint64_t>(value) ^ static_cast<uint64_t>(value >> 64);
         return static_cast<std::size_t>((folded * 0x9E3779B97F4A7C15ULL) >> 57);   // top 7 bits: 0..127
     }
-    std::array<Wide, Slots> keys_{};
-    std::array<bool, Slots> used_{};
+    bool used(std::size_t at) const { return (used_[at / 64] >> (at % 64)) & 1; }
+    std::array<Wide, Slots> keys_;   // read only where used
+    std::array<uint64_t, Slots / 64> used_{};
     std::size_t count_ = 0;
 };
 
@@ -304,15 +315,18 @@ public:
     // for overflow). False when the remainder grew too wide for the replay.
     bool runWhole(std::vector<uint8_t>& e) const;
 
-    // The same result from the last TailDigits digits only, when that is
-    // certain (see runTail); false otherwise.
-    bool runTail(std::vector<uint8_t>& e) const;
+    // The last `tailDigits` digits (even, 12 to MaxTailDigits) replayed from
+    // every state the division can be in when it reaches them (see
+    // runTail): E without those digits in `prefix`, and in `ends` each
+    // distinct way the replays end, as an offset to add to it. False when
+    // the replay cannot tell.
+    bool runTail(int tailDigits, std::vector<uint8_t>& prefix, std::vector<Wide>& ends) const;
+
+    // 9 x 10^(MaxTailDigits + 3), the largest offset a digit adds, stays
+    // inside 128 bits.
+    static constexpr int MaxTailDigits = 32;
 
 private:
-    // The digits the tail replays (even, so that the tail ends on a byte);
-    // 9 x 10^(TailDigits + 3), the largest offset a digit adds, stays inside
-    // 128 bits.
-    static constexpr int TailDigits = 32;
 
     // The dividend's digit at window position p (0 outside the dividend).
     int digitAt(int32_t p) const {
@@ -385,36 +399,36 @@ bool Replay::runWhole(std::vector<uint8_t>& e) const {
 
 // The tail. Write the quotient with its correction pair as one integer E,
 // whose last digit is the quotient digit at s = 2L + 1, and let
-// T = 2L - TailDigits. Every step before the remainder's leading digit first
+// T = 2L - tailDigits. Every step before the remainder's leading digit first
 // lies below window digit T places its digit at s <= T + 1, where nothing of
-// q x divisor has yet been dropped; at that moment E = m x 10^TailDigits for
+// q x divisor has yet been dropped; at that moment E = m x 10^tailDigits for
 // some integer m, the remainder is exactly A - m x B x 10^sh (A the window's
 // dividend, B the divisor, sh its shift at s = T + 1) and its magnitude is
 // below 10^(2n - 1 - T). So m is one of the few integers for which that
 // bound holds; from there on the division depends on nothing but the
-// remainder. runTail replays every such candidate to the end and keeps the
-// result only when all of them end with the same E, which is then what the
-// whole division gives. Two candidates whose remainders meet agree from then
-// on, so after the first one a candidate stops as soon as it reaches a
-// remainder the first one had (while no digits have been dropped, equal
-// offsets mean equal remainders).
-bool Replay::runTail(std::vector<uint8_t>& e) const {
-    const int64_t T = 2 * static_cast<int64_t>(length_) - TailDigits;
-    if (T < 2 * TailDigits) return false;   // short values: the whole division is as quick
-    const int32_t sh = static_cast<int32_t>(shiftOf(T + 1));   // odd: TailDigits + 3 - 2 lb
+// remainder. runTail replays every such candidate to the end and returns
+// the distinct E they end with; the whole division ends with one of them.
+// (They differ, when they do, by a few units of E's last digit.) Two
+// candidates whose remainders meet agree from then on, so after the first
+// one a candidate stops as soon as it reaches a remainder the first one had
+// (while no digits have been dropped, equal offsets mean equal remainders).
+bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>& ends) const {
+    const int64_t T = 2 * static_cast<int64_t>(length_) - tailDigits;
+    if (T < 2 * tailDigits) return false;   // short values: the whole division is as quick
+    const int32_t sh = static_cast<int32_t>(shiftOf(T + 1));   // odd: tailDigits + 3 - 2 lb
 
     // m0 = floor(A / (B x 10^sh)) and r0 = that division's remainder over
     // 10^sh, from A' = floor(A / 10^(sh - 1)), whose digits are whole bytes
     // of the window, divided by 10 B: twelve digits at a time when 10 B is
     // below 10^7, else eight. Its bytes go straight to E's, from byte
-    // TailDigits / 2 up.
+    // tailDigits / 2 up.
     const uint64_t tenB = 10 * static_cast<uint64_t>(divisorValue_);
     const int32_t bottom = (sh - 1) / 2 - (n_ - length_);   // A's lowest byte as a mantissa index
     e.assign(static_cast<std::size_t>(length_) + 2, 0);
-    const uint8_t* d = a_.digits.data() + bottom;   // bottom >= 0: sh is at least 25
+    const uint8_t* d = a_.digits.data() + bottom;   // bottom >= 0: sh is at least 12 + 3 - 10
     uint64_t rest = 0;
-    const bool divided = tenB < 10000000 ? divideInChunks<6>(d, length_ - bottom, Reciprocal(tenB), e, TailDigits / 2, rest)
-                                         : divideInChunks<4>(d, length_ - bottom, Reciprocal(tenB), e, TailDigits / 2, rest);
+    const bool divided = tenB < 10000000 ? divideInChunks<6>(d, length_ - bottom, Reciprocal(tenB), e, static_cast<std::size_t>(tailDigits / 2), rest)
+                                         : divideInChunks<4>(d, length_ - bottom, Reciprocal(tenB), e, static_cast<std::size_t>(tailDigits / 2), rest);
     if (!divided) return false;
     const int64_t r0 = static_cast<int64_t>(rest / 10);
     const bool belowIsNonzero = lowestNonzero_ < sh;
@@ -426,16 +440,13 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
     const int64_t jFirst = -floorDiv(r0 - lowest, divisorValue_);   // smallest j with r0 + jB >= lowest
     const int64_t jLast = floorDiv(bound - 1 - r0, divisorValue_);
 
-    Wide pow10[TailDigits + 4];
-    pow10[0] = 1;
-    for (int k = 1; k < TailDigits + 4; ++k) pow10[k] = pow10[k - 1] * 10;
     OffsetSet firstOffsets;   // the first candidate's offsets while exact
     bool haveFirst = false;
-    Wide agreed = 0;   // E - m0 x 10^TailDigits
+    ends.clear();   // E - m0 x 10^tailDigits
     for (int64_t j = jFirst; j <= jLast; ++j) {
         int32_t p = sh;
         int64_t W = r0 + j * divisorValue_;
-        Wide offset = -static_cast<Wide>(j) * pow10[TailDigits];
+        Wide offset = -static_cast<Wide>(j) * WidePow10[tailDigits];
         bool exactSoFar = true;
         const auto meetsFirst = [&] {
             return haveFirst && exactSoFar && firstOffsets.contains(offset);
@@ -443,31 +454,29 @@ bool Replay::runTail(std::vector<uint8_t>& e) const {
         if (!haveFirst) firstOffsets.insert(offset);
         bool merged = meetsFirst();
         for (int64_t count = 0; !merged; ++count) {
-            if (count > 20 * (TailDigits + 10)) return false;
+            if (count > 20 * (tailDigits + 10)) return false;
             const Step next = step(p, W);
             if (next.outcome == Outcome::TooWide) return false;
             if (next.outcome != Outcome::Digit) break;
             const int64_t weight = lastDigit_ + 2 - next.s;   // the digit counts 10^weight in E
-            if (weight < 0 || weight > TailDigits + 3) return false;
-            offset += next.q * pow10[weight];
+            if (weight < 0 || weight > tailDigits + 3) return false;
+            offset += next.q * WidePow10[weight];
             exactSoFar = exactSoFar && next.exactStep;
             if (!haveFirst && exactSoFar) firstOffsets.insert(offset);
             merged = meetsFirst();
         }
         if (merged) continue;   // it ends where the first one ends
-        if (!haveFirst) {
-            haveFirst = true;
-            agreed = offset;
-        } else if (offset != agreed) {
-            return false;
-        }
+        haveFirst = true;
+        if (std::find(ends.begin(), ends.end(), offset) == ends.end()) ends.push_back(offset);
     }
-    if (!haveFirst) return false;
+    return haveFirst;
+}
 
-    // E = m0 x 10^TailDigits (in e already) + the offset, with carries; the
-    // top byte of E is the quotient's overflow byte.
-    const bool negative = agreed < 0;
-    const Wide magnitude = negative ? -agreed : agreed;
+// E = m0 x 10^tailDigits (in e already) + the offset, with carries; the top
+// byte of E is the quotient's overflow byte. False when E leaves its bytes.
+bool addOffset(std::vector<uint8_t>& e, Wide offset) {
+    const bool negative = offset < 0;
+    const Wide magnitude = negative ? -offset : offset;
     // Its pairs from two 64-bit halves (a 128-bit division is a library call).
     constexpr int64_t HalfPairs = 9;
     uint64_t low = static_cast<uint64_t>(magnitude % Pow10[2 * HalfPairs]);
@@ -524,6 +533,28 @@ BigNum finish(const std::vector<uint8_t>& e, int32_t length, int64_t exponent, i
     return r;
 }
 
+// The tail's replays nearly always end in values that round to one result;
+// then it is the whole division's, whichever of them that one takes.
+std::optional<BigNum> resultFromTail(const Replay& replay, int tailDigits, int32_t length, int64_t exponent, int8_t sign) {
+    std::vector<uint8_t> prefix;
+    std::vector<Wide> ends;
+    if (!replay.runTail(tailDigits, prefix, ends)) return std::nullopt;
+    std::optional<BigNum> agreed;
+    std::vector<uint8_t> e;
+    for (const Wide end : ends) {
+        e = prefix;
+        if (!addOffset(e, end)) return std::nullopt;
+        BigNum r = finish(e, length, exponent, sign);
+        if (agreed && *agreed != r) return std::nullopt;
+        agreed = std::move(r);
+    }
+    return agreed;
+}
+
+// Tried first: a short tail has fewer steps to replay; when its candidates
+// end apart, the longest tail gives them more digits to meet in.
+constexpr int ShortTail = 12;
+
 }  // namespace
 
 BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail) {
@@ -538,8 +569,13 @@ BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail) {
     if (wrapsInt32(exponent)) return makeInfinity(length, sign);
 
     const Replay replay(a, b);
+    if (fromTail) {
+        for (const int tailDigits : {ShortTail, Replay::MaxTailDigits}) {
+            if (std::optional<BigNum> r = resultFromTail(replay, tailDigits, length, exponent, sign)) return *std::move(r);
+        }
+    }
     std::vector<uint8_t> e;
-    if ((fromTail && replay.runTail(e)) || replay.runWhole(e)) return finish(e, length, exponent, sign);
+    if (replay.runWhole(e)) return finish(e, length, exponent, sign);
     return divide(a, fromInt(length, v));
 }
 

@@ -16,6 +16,8 @@ namespace quorvel {
 namespace {
 
 using elementary_detail::divideBySmall;
+using elementary_detail::divideBySmallWith;
+using elementary_detail::negated;
 
 // Random pairs, long runs of 99 or of 0 (the remainder's borrows and the
 // dividend's zero tail), or a short value padded with zeros.
@@ -65,6 +67,23 @@ TEST(DivideBySmallDifferential, WorkingLengthsOfAThousandDigits) {
     std::mt19937_64 rng(1000);
     for (int32_t length : {508, 510, 512, 515}) {
         for (int i = 0; i < 60; ++i) expectSameQuotient(seriesDividend(rng, length), seriesDivisor(rng));
+    }
+}
+
+// The tail shortcut against the whole replay of the same division, on many
+// more thousand-digit dividends than the general division could check, half
+// of them terms of a real series (where the candidates' ends differ most).
+TEST(DivideBySmallDifferential, TailShortcutMatchesTheWholeReplay) {
+    std::mt19937_64 rng(32);
+    const BigNum minusSquare = negated(multiply(fromInt(508, 7), fromInt(508, 7)));
+    BigNum power = divideBySmallWith(fromInt(508, 7), 10, false);
+    for (int i = 0; i < 12000; ++i) {
+        const bool fromSeries = i % 2 == 0;
+        if (fromSeries) power = divideBySmallWith(multiply(power, minusSquare), 100, false);
+        const BigNum a = fromSeries ? power : seriesDividend(rng, 508 + static_cast<int32_t>(rng() % 8));
+        if (a.isZero()) break;
+        const int32_t v = fromSeries ? 3 + 2 * (i / 2) : seriesDivisor(rng);
+        ASSERT_EQ(divideBySmallWith(a, v, true), divideBySmallWith(a, v, false)) << test::describe(a) << " / " << v;
     }
 }
 
