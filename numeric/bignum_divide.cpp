@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
+#include "numeric/divide_remainder.h"
+#include "numeric/division_step_table.h"
 
 namespace quorvel {
 
@@ -36,10 +39,7 @@ void addSignedAt(std::vector<uint8_t>& bytes, int value, int64_t position, int s
     }
 }
 
-// The quotient digit estimate from a leading remainder value r and the
-// divisor's top pair d: the mean of the upper bound (r + 1) div d + 1 and the
-// lower bound r div (d + 1).
-int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
+using bignum_detail::estimateDigit;
 
 // The long division's steps on the window of bytes: fills the quotient
 // (length + 1 bytes) and the correction pair.
@@ -186,13 +186,6 @@ constexpr uint64_t Pow10u[] = {1,
                                1000000000000000,
                                10000000000000000};
 
-// Decimal digits of 1 <= v < 10^16.
-int digitCountOfLimb(uint64_t v) {
-    int count = 1;
-    while (count < DigitsPerLimb && v >= Pow10u[count]) ++count;
-    return count;
-}
-
 void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<uint8_t>& quotient, int& correction) {
     // The window of the byte steps: n + 1 bytes, decimal positions 0..2n + 1.
     const int32_t n = length + 2;
@@ -228,56 +221,39 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
             carry = v / LimbBase;
         }
     }
-    // Multiple q is multiple q - 1 plus the shifted divisor, limb by limb.
+    // Multiple q is multiple q - 1 plus the shifted divisor, limb by limb;
+    // the sixteen shifts carry side by side rather than one after the other.
     std::vector<int64_t> multiples(static_cast<std::size_t>(9 * DigitsPerLimb) * wl, 0);
     std::copy(shifted.begin(), shifted.end(), multiples.begin());
+    const auto at = [&](int q, int r) { return (static_cast<std::size_t>(q - 1) * DigitsPerLimb + static_cast<std::size_t>(r)) * wl; };
     for (int q = 2; q <= 9; ++q) {
-        for (int r = 0; r < DigitsPerLimb; ++r) {
-            const int64_t* from = &shifted[static_cast<std::size_t>(r) * wl];
-            const int64_t* previous = &multiples[static_cast<std::size_t>((q - 2) * DigitsPerLimb + r) * wl];
-            int64_t* m = &multiples[static_cast<std::size_t>((q - 1) * DigitsPerLimb + r) * wl];
-            int64_t carry = 0;
-            for (int32_t k = 0; k < wl; ++k) {
-                const int64_t v = previous[k] + from[k] + carry;
-                carry = v >= LimbBase ? 1 : 0;
-                m[k] = v - LimbBase * carry;
+        int64_t carries[DigitsPerLimb] = {};
+        for (int32_t k = 0; k < wl; ++k) {
+            for (int r = 0; r < DigitsPerLimb; ++r) {
+                const int64_t v = multiples[at(q - 1, r) + k] + shifted[static_cast<std::size_t>(r) * wl + k] + carries[r];
+                carries[r] = v >= LimbBase ? 1 : 0;
+                multiples[at(q, r) + k] = v - LimbBase * carries[r];
             }
         }
     }
 
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
-    int remSign = 1;
-    int32_t topLimb = nl - 1;
+    bignum_detail::LazyRemainder remainder(std::move(rem));
+    const bignum_detail::StepRow& steps = bignum_detail::stepRow(divisorTop);
     const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
     for (int64_t step = 0; step < stepLimit; ++step) {
-        while (topLimb >= 0 && rem[static_cast<std::size_t>(topLimb)] == 0) --topLimb;
-        if (topLimb < 0) break;   // exact
-        const uint64_t leadLimb = static_cast<uint64_t>(rem[static_cast<std::size_t>(topLimb)]);
-        const int count = digitCountOfLimb(leadLimb);
-        const int64_t pos = static_cast<int64_t>(DigitsPerLimb) * topLimb + count - 1;
-        const int64_t t = 2 * static_cast<int64_t>(n) - 1 - pos;
+        const bignum_detail::LazyRemainder::Lead lead = remainder.read();
+        if (lead.sign == 0) break;   // exact
+        const int64_t t = 2 * static_cast<int64_t>(n) - 1 - lead.position;
         if (t > lastDigit + 1) break;   // more than 2L digits below the start
-        // The digits at pos, pos - 1 and pos - 2 (below the window they read 0).
-        int leading;
-        if (count >= 3) {
-            leading = static_cast<int>(leadLimb / Pow10u[count - 3]);
-        } else {
-            const uint64_t next = topLimb > 0 ? static_cast<uint64_t>(rem[static_cast<std::size_t>(topLimb - 1)]) : 0;
-            leading = static_cast<int>(leadLimb * Pow10u[3 - count] + next / Pow10u[DigitsPerLimb - 3 + count]);
-        }
-        const int lead = leading / 10;
-        int q = estimateDigit(lead, divisorTop);
-        int64_t s = t;
-        if (q < 1) {
-            q = estimateDigit(leading, divisorTop);
-            if (q < 1) q = 1;
-            if (q > 9) q = 9;
-            s = t + 1;
-        } else if (q > 9) {
-            q = 9;
-        }
-        // q x divisor with its lowest digit at decimal position `shift`; limbs
-        // below the window are dropped (the byte steps drop those bytes too).
+        const int entry = steps[static_cast<std::size_t>(lead.leading)];
+        const int q = entry % bignum_detail::OneLowerFlag;
+        const int64_t s = t + (entry / bignum_detail::OneLowerFlag);
+        // The remainder's magnitude less q x divisor with its lowest digit at
+        // decimal position `shift` (limbs below the window dropped, as the
+        // byte steps drop those bytes): on the signed remainder, q x divisor
+        // taken from it with its own sign, which flips the sign exactly when
+        // the magnitude was the smaller.
         const int64_t shift = 2 * static_cast<int64_t>(n) - 2 * static_cast<int64_t>(lb) - s;
         const int64_t r = ((shift % DigitsPerLimb) + DigitsPerLimb) % DigitsPerLimb;
         const int64_t offset = (shift - r) / DigitsPerLimb;
@@ -285,47 +261,11 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
         const int64_t top = offset + wl - 1;
         const int32_t high = top < nl - 1 ? static_cast<int32_t>(top) : nl - 1;
-        int64_t* window = rem.data();
-        int order = 0;
-        for (int32_t idx = topLimb > high ? topLimb : high; idx >= low; --idx) {
-            const int64_t w = window[idx];
-            const int64_t tm = idx <= high ? m[idx - offset] : 0;
-            if (w != tm) {
-                order = w > tm ? 1 : -1;
-                break;
-            }
-        }
-        for (int32_t idx = 0; order == 0 && idx < low; ++idx) {
-            if (window[idx] != 0) order = 1;
-        }
-        const int before = remSign;
-        int64_t borrow = 0;
-        if (order >= 0) {
-            for (int32_t idx = low; idx <= high; ++idx) {
-                const int64_t v = window[idx] - m[idx - offset] - borrow;
-                borrow = v < 0 ? 1 : 0;
-                window[idx] = v + LimbBase * borrow;
-            }
-            for (int32_t idx = high + 1; borrow != 0 && idx < nl; ++idx) {
-                const int64_t v = window[idx] - 1;
-                borrow = v < 0 ? 1 : 0;
-                window[idx] = v + LimbBase * borrow;
-            }
-        } else {
-            // The new magnitude is q x divisor minus the remainder, which holds
-            // nothing above `high` here; the remainder's sign flips.
-            for (int32_t idx = 0; idx <= high; ++idx) {
-                const int64_t tm = idx >= low ? m[idx - offset] : 0;
-                const int64_t v = tm - window[idx] - borrow;
-                borrow = v < 0 ? 1 : 0;
-                window[idx] = v + LimbBase * borrow;
-            }
-            remSign = -remSign;
-        }
+        remainder.subtract(m, low, high, offset, lead.sign);
         if (s <= lastDigit) {
-            addSignedAt(quotient, q, lastDigit - s, before);
+            addSignedAt(quotient, q, lastDigit - s, lead.sign);
         } else {
-            correction += before * q * (s == lastDigit + 1 ? 10 : 1);
+            correction += lead.sign * q * (s == lastDigit + 1 ? 10 : 1);
         }
     }
 }

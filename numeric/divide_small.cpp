@@ -26,11 +26,13 @@
 
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
+#include "numeric/division_step_table.h"
 #include "numeric/elementary_detail.h"
 
 namespace quorvel::elementary_detail {
 
 using bignum_detail::incrementExponent;
+using bignum_detail::StepRow;
 using bignum_detail::wrapsInt32;
 
 namespace {
@@ -54,27 +56,6 @@ void addSignedAt(uint8_t* bytes, std::size_t count, int value, int64_t position,
         ++i;
     }
 }
-
-constexpr int estimateDigit(int r, int d) { return ((r + 1) / d + 1 + r / (d + 1)) / 2; }
-
-// The digit each step takes, for every three leading digits r of the
-// remainder and every top pair d (10..99) of a normalised divisor: the
-// estimate from the first two digits, or, when that is below 1, from all
-// three one place lower (flag 16); clamped to 1..9.
-using StepRow = std::array<uint8_t, 1000>;
-constexpr std::array<StepRow, 90> StepTable = [] {
-    std::array<StepRow, 90> table{};
-    for (int d = 10; d < 100; ++d) {
-        for (int r = 0; r < 1000; ++r) {
-            const int fromTwo = estimateDigit(r / 10, d);
-            const bool oneLower = fromTwo < 1;
-            int q = oneLower ? estimateDigit(r, d) : fromTwo;
-            q = q < 1 ? 1 : (q > 9 ? 9 : q);
-            table[static_cast<std::size_t>(d - 10)][static_cast<std::size_t>(r)] = static_cast<uint8_t>(q | (oneLower ? 16 : 0));
-        }
-    }
-    return table;
-}();
 
 constexpr int64_t Pow10[] = {1,
                              10,
@@ -258,7 +239,7 @@ public:
         while (b.digits[lowZeros] == 0) ++lowZeros;
         lb_ = b.length() - lowZeros;
         for (int32_t k = lb_ - 1; k >= 0; --k) divisorValue_ = divisorValue_ * 100 + b.digits[lowZeros + k];
-        stepOf_ = &StepTable[static_cast<std::size_t>(b.digits[lowZeros + lb_ - 1] - 10)];
+        stepOf_ = &bignum_detail::stepRow(b.digits[lowZeros + lb_ - 1]);
     }
 
     enum class Outcome { Digit, Exact, End, TooWide };

@@ -1,0 +1,239 @@
+// The long division's remainder with deferred borrows: see divide_remainder.h.
+//
+// Bounds. Carried limbs lie in 0..10^16 with the sign of S (all of them <= 0
+// for a negative S). Every step moves each limb by less than 10^16, so
+// after k steps every limb below the top two is under (k + 1) x 10^16 in
+// magnitude and their sum under (k + 2) units of the limb below the top,
+// u = 10^(16 (top - 1)). The top two limbs give S / u to within those
+// k + 2 units; when both ends of that range have the same sign, the same
+// number of digits and the same three leading digits, so has S.
+#include "numeric/divide_remainder.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <utility>
+
+namespace quorvel::bignum_detail {
+
+namespace {
+
+constexpr int64_t Base = 10000000000000000;   // 10^16
+
+__extension__ using Wide = __int128;
+
+constexpr std::array<Wide, 39> WidePow10 = [] {
+    std::array<Wide, 39> table{};
+    table[0] = 1;
+    for (std::size_t k = 1; k < table.size(); ++k) table[k] = table[k - 1] * 10;
+    return table;
+}();
+
+// Steps between carries: limbs stay far inside 64 bits (the top one,
+// folded from two, below 10^18 + Drift x 10^16).
+constexpr int64_t MaxDrift = 256;
+
+// Decimal digits of 0 < x < 10^38, from its bit length.
+int digitCount(Wide x) {
+    const auto high = static_cast<uint64_t>(static_cast<unsigned __int128>(x) >> 64);
+    const int bits = high != 0 ? 128 - std::countl_zero(high) : 64 - std::countl_zero(static_cast<uint64_t>(x));
+    const int below = (bits * 1233) >> 12;   // floor(log10(2^bits)), one short at most
+    return below + (x >= WidePow10[static_cast<std::size_t>(below)] ? 1 : 0);
+}
+
+constexpr std::array<double, 40> DoublePow10 = [] {
+    std::array<double, 40> table{};
+    double p = 1;
+    for (double& entry : table) {
+        entry = p;
+        p *= 10;
+    }
+    return table;
+}();
+
+// 10^-k, k = 0..39 (each within an ulp or two).
+const std::array<double, 40> InversePow10 = [] {
+    std::array<double, 40> table{};
+    for (std::size_t k = 0; k < table.size(); ++k) table[k] = 1 / DoublePow10[k];
+    return table;
+}();
+
+constexpr std::array<int64_t, 19> Pow10 = [] {
+    std::array<int64_t, 19> table{};
+    table[0] = 1;
+    for (std::size_t k = 1; k < table.size(); ++k) table[k] = table[k - 1] * 10;
+    return table;
+}();
+
+// Decimal digits of 1 <= x < 2^63.
+int digitCount(int64_t x) {
+    const int bits = 64 - std::countl_zero(static_cast<uint64_t>(x));
+    const int below = (bits * 1233) >> 12;   // floor(log10(2^bits)), one short at most
+    return below + (below < 19 && x >= Pow10[static_cast<std::size_t>(below)] ? 1 : 0);
+}
+
+// floor(x / 10^k) for 0 <= x < 10^38 whose quotient is below 1000: a double
+// estimate corrected exactly (a 128-bit division is a library call).
+int64_t topDigits(Wide x, int k) {
+    const Wide p = WidePow10[static_cast<std::size_t>(k)];
+    const auto approximate = [](Wide w) {
+        return static_cast<double>(static_cast<uint64_t>(w >> 64)) * 18446744073709551616.0 + static_cast<double>(static_cast<uint64_t>(w));
+    };
+    auto q = static_cast<int64_t>(approximate(x) / approximate(p));
+    while (q > 0 && q * p > x) --q;
+    while ((q + 1) * p <= x) ++q;
+    return q;
+}
+
+int64_t floorDiv(int64_t v, int64_t d) { return v / d - ((v % d != 0) && (v < 0) ? 1 : 0); }
+
+}  // namespace
+
+LazyRemainder::LazyRemainder(std::vector<int64_t> limbs)
+    : limbs_(std::move(limbs)), top_(static_cast<int32_t>(limbs_.size()) - 1) {
+    while (zeroBelow_ < top_ && limbs_[static_cast<std::size_t>(zeroBelow_)] == 0) ++zeroBelow_;
+}
+
+void LazyRemainder::subtract(const int64_t* m, int32_t low, int32_t high, int64_t offset, int sign) {
+    int64_t* l = limbs_.data();
+    const int64_t* from = m - offset;
+    if (sign > 0) {
+        for (int32_t idx = low; idx <= high; ++idx) l[idx] -= from[idx];
+    } else {
+        for (int32_t idx = low; idx <= high; ++idx) l[idx] += from[idx];
+    }
+    if (high > top_) top_ = high;
+    if (low < dirtyLow_) dirtyLow_ = low;
+    if (low < zeroBelow_) zeroBelow_ = low;
+    if (high > dirtyHigh_) dirtyHigh_ = high;
+    ++drift_;
+}
+
+void LazyRemainder::carry(int sign) {
+    const auto count = static_cast<int32_t>(limbs_.size());
+    // Limbs into 0..10^16 (-10^16..0 when direction is -1) from limb `from`
+    // up to `to`; past `to` the pass stops once nothing carries, and when
+    // the limbs up there are zero (zerosAbove) it leaves the carry in the
+    // first of them. The top limb takes whatever is left.
+    // Returns the highest limb it wrote.
+    const auto carryUp = [&](int32_t from, int32_t to, int direction, bool zerosAbove) {
+        int64_t carry = 0;
+        for (int32_t i = from; i + 1 < count; ++i) {
+            if (i > to && (carry == 0 || zerosAbove)) {
+                limbs_[static_cast<std::size_t>(i)] = carry * direction;
+                return i;
+            }
+            const int64_t v = limbs_[static_cast<std::size_t>(i)] * direction + carry;
+            carry = floorDiv(v, Base);
+            limbs_[static_cast<std::size_t>(i)] = (v - carry * Base) * direction;
+        }
+        limbs_[static_cast<std::size_t>(count) - 1] += carry * direction;
+        return count - 1;
+    };
+    if (sign != 0 && sign == carriedSign_) {
+        // Limbs no step touched are in range for this sign already.
+        top_ = std::max(top_, carryUp(dirtyLow_, dirtyHigh_, sign, false));
+    } else {
+        // The sign unknown or changed: every limb from the lowest nonzero
+        // one, then, for a negative S, its magnitude carried and the sign
+        // given back.
+        top_ = std::max(top_, carryUp(zeroBelow_, top_, 1, true));
+        while (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] == 0) --top_;
+        carriedSign_ = top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] < 0 ? -1 : 1;
+        if (carriedSign_ < 0) top_ = std::max(top_, carryUp(zeroBelow_, top_, -1, true));
+    }
+    drift_ = 0;
+    dirtyLow_ = count;
+    dirtyHigh_ = -1;
+}
+
+int64_t LazyRemainder::carryInto(int32_t i, int direction) const {
+    // The carry into a limb is within -bound..bound - 1, so a limb whose
+    // residue lies at least `bound` inside 0..10^16 passes on its own carry
+    // whatever comes from below: the walk starts there (or at the bottom).
+    const int64_t bound = drift_ + 2;
+    int32_t j = i - 1;
+    int64_t carry = 0;
+    for (; j >= zeroBelow_; --j) {
+        const int64_t x = limbs_[static_cast<std::size_t>(j)] * direction;
+        if (x == 0) continue;
+        const int64_t c = floorDiv(x, Base);
+        const int64_t residue = x - c * Base;
+        if (residue >= bound && residue < Base - bound) {
+            carry = c;
+            break;
+        }
+    }
+    for (int32_t m = j < zeroBelow_ ? zeroBelow_ : j + 1; m < i; ++m) {
+        carry = floorDiv(limbs_[static_cast<std::size_t>(m)] * direction + carry, Base);
+    }
+    return carry;
+}
+
+LazyRemainder::Lead LazyRemainder::read() {
+    if (drift_ >= MaxDrift) carry(0);   // keeps every limb far inside 64 bits
+    for (;;) {
+        while (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] == 0) --top_;
+        if (top_ < 0) return {};
+        const int64_t upper = limbs_[static_cast<std::size_t>(top_)];
+        const int64_t lower = top_ > 0 ? limbs_[static_cast<std::size_t>(top_) - 1] : 0;
+        const Wide exactTop = top_ > 0 ? static_cast<Wide>(upper) * Base + lower : upper;
+        const int64_t unitPosition = top_ > 0 ? 16 * static_cast<int64_t>(top_ - 1) : 0;
+        if (top_ >= 2 && (exactTop < 0 ? -exactTop : exactTop) < WidePow10[18]) {
+            // Fold the top limb into the one below (the value fits 64 bits):
+            // the leading digits then sit in the top two limbs again.
+            limbs_[static_cast<std::size_t>(top_) - 1] = static_cast<int64_t>(exactTop);
+            limbs_[static_cast<std::size_t>(top_)] = 0;
+            --top_;
+            continue;
+        }
+        if (top_ >= 2) {
+            // Nearly always: the top two limbs in a double, and the digits
+            // read from it when neither its rounding nor the limbs below can
+            // move them.
+            const double v = static_cast<double>(upper) * static_cast<double>(Base) + static_cast<double>(lower);
+            const double magnitude = v < 0 ? -v : v;
+            // The digits of V: those of the top limb and sixteen more (one
+            // fewer or more where the limb below carries across).
+            int digits = digitCount(upper < 0 ? -upper : upper) + 16;
+            // |S| / 10^(unitPosition + digits - 3) lies within `spread` of y.
+            double y = magnitude * InversePow10[static_cast<std::size_t>(digits - 3)];
+            if (y >= 1000) {
+                ++digits;
+                y = magnitude * InversePow10[static_cast<std::size_t>(digits - 3)];
+            } else if (y < 100) {
+                --digits;
+                y = magnitude * InversePow10[static_cast<std::size_t>(digits - 3)];
+            }
+            const double spread = static_cast<double>(drift_ + 2) * InversePow10[static_cast<std::size_t>(digits - 3)] + y * 1e-13;
+            // Truncation is the floor here: both ends are positive.
+            const auto least = static_cast<int64_t>(y - spread);
+            if (least >= 100 && least == static_cast<int64_t>(y + spread) && y + spread < 1000) {
+                return {v > 0 ? 1 : -1, unitPosition + digits - 1, static_cast<int>(least)};
+            }
+        }
+        // Exact, for a value at a digit boundary such as 75000...: the top two
+        // limbs with the carry from all below, which leaves 0..u below them
+        // (u the unit of the lower one), on S or, when S is negative, on -S.
+        Wide magnitude = exactTop;
+        int sign = 1;
+        if (top_ >= 2) {
+            magnitude += carryInto(top_ - 1, 1);   // the top two are 10^18 or more: the sign is that of exactTop
+            if (magnitude < 0) {
+                sign = -1;
+                magnitude = -exactTop + carryInto(top_ - 1, -1);
+            }
+        } else if (magnitude < 0) {
+            sign = -1;
+            magnitude = -magnitude;
+        }
+        if (magnitude == 0) return {};   // only with top_ <= 1: nothing below
+        const int digits = digitCount(magnitude);
+        const int leading = digits >= 3 ? static_cast<int>(topDigits(magnitude, digits - 3))
+                                        : static_cast<int>(magnitude * static_cast<Wide>(digits == 1 ? 100 : 10));
+        return {sign, unitPosition + digits - 1, leading};
+    }
+}
+
+}  // namespace quorvel::bignum_detail
