@@ -164,8 +164,9 @@ void stepsOnBytes(const BigNum& a, const BigNum& b, int32_t length, std::vector<
 // window's decimal position x is digit x mod 16 of limb x / 16, so a multiple
 // of the divisor at any decimal shift is one of sixteen pre-shifted copies
 // placed at a whole limb. Subtracting then walks an eighth as many places,
-// and the values subtracted, the estimates and the quotient digits are those
-// of the byte steps, so the quotient is identical.
+// on a signed remainder whose borrows wait (numeric/divide_remainder.h), and
+// the values subtracted, the estimates and the quotient digits are those of
+// the byte steps, so the quotient is identical.
 constexpr int32_t DigitsPerLimb = 16;
 constexpr int64_t LimbBase = 10000000000000000;
 constexpr uint64_t Pow10u[] = {1,

@@ -116,14 +116,15 @@ class Reciprocal {
 public:
     explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
     // The estimate falls short by at most two; the corrections are written
-    // without branches, which would be mispredicted about half the time.
+    // as selections, not branches, which would be mispredicted about half
+    // the time.
     uint64_t quotient(uint64_t x, uint64_t& remainder) const {
         uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
         uint64_t r = x - q * d_;
         for (int round = 0; round < 2; ++round) {
-            const uint64_t over = r >= d_ ? 1 : 0;
-            q += over;
-            r -= over * d_;
+            const bool over = r >= d_;
+            q += over ? 1 : 0;
+            r = over ? r - d_ : r;
         }
         remainder = r;
         return q;
@@ -171,11 +172,15 @@ private:
 // Writes v < 10^(2 Count) as Count base-100 pairs, lowest first.
 template <int Count>
 void writePairs(uint64_t v, uint8_t* out) {
-    static_assert(Count == 4 || Count == 6);
+    static_assert(Count == 4 || Count == 6 || Count == 7);
     uint32_t low = static_cast<uint32_t>(v);
-    if constexpr (Count == 6) {
-        const uint32_t top = static_cast<uint32_t>(v / 100000000);
+    if constexpr (Count > 4) {
+        uint32_t top = static_cast<uint32_t>(v / 100000000);
         low = static_cast<uint32_t>(v % 100000000);
+        if constexpr (Count == 7) {
+            out[6] = static_cast<uint8_t>(top / 10000);
+            top %= 10000;
+        }
         out[4] = static_cast<uint8_t>(top % 100);
         out[5] = static_cast<uint8_t>(top / 100);
     }
@@ -193,7 +198,7 @@ void writePairs(uint64_t v, uint8_t* out) {
 // land above e's last byte.
 template <int Pairs>
 bool divideInChunks(const uint8_t* d, int32_t count, const Reciprocal& divisor, std::vector<uint8_t>& e, std::size_t at, uint64_t& rest) {
-    constexpr uint64_t Scale = Pairs == 4 ? 100000000ULL : 1000000000000ULL;   // 100^Pairs
+    constexpr uint64_t Scale = Pairs == 4 ? 100000000ULL : (Pairs == 6 ? 1000000000000ULL : 100000000000000ULL);   // 100^Pairs
     const std::size_t eSize = e.size();
     rest = 0;
     for (int32_t i = ((count - 1) / Pairs) * Pairs; i >= 0; i -= Pairs) {
@@ -400,16 +405,25 @@ bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>&
 
     // m0 = floor(A / (B x 10^sh)) and r0 = that division's remainder over
     // 10^sh, from A' = floor(A / 10^(sh - 1)), whose digits are whole bytes
-    // of the window, divided by 10 B: twelve digits at a time when 10 B is
-    // below 10^7, else eight. Its bytes go straight to E's, from byte
-    // tailDigits / 2 up.
+    // of the window, divided by 10 B: fourteen digits at a time when 10 B
+    // is below 10^5, twelve below 10^7, else eight. Its bytes go straight to
+    // E's, from byte tailDigits / 2 up.
     const uint64_t tenB = 10 * static_cast<uint64_t>(divisorValue_);
     const int32_t bottom = (sh - 1) / 2 - (n_ - length_);   // A's lowest byte as a mantissa index
     e.assign(static_cast<std::size_t>(length_) + 2, 0);
     const uint8_t* d = a_.digits.data() + bottom;   // bottom >= 0: sh is at least 12 + 3 - 10
     uint64_t rest = 0;
-    const bool divided = tenB < 10000000 ? divideInChunks<6>(d, length_ - bottom, Reciprocal(tenB), e, static_cast<std::size_t>(tailDigits / 2), rest)
-                                         : divideInChunks<4>(d, length_ - bottom, Reciprocal(tenB), e, static_cast<std::size_t>(tailDigits / 2), rest);
+    const Reciprocal divisor(tenB);
+    const auto at = static_cast<std::size_t>(tailDigits / 2);
+    const int32_t count = length_ - bottom;
+    bool divided;
+    if (tenB < 100000) {
+        divided = divideInChunks<7>(d, count, divisor, e, at, rest);
+    } else if (tenB < 10000000) {
+        divided = divideInChunks<6>(d, count, divisor, e, at, rest);
+    } else {
+        divided = divideInChunks<4>(d, count, divisor, e, at, rest);
+    }
     if (!divided) return false;
     const int64_t r0 = static_cast<int64_t>(rest / 10);
     const bool belowIsNonzero = lowestNonzero_ < sh;
