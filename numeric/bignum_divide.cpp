@@ -222,21 +222,38 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
             carry = v / LimbBase;
         }
     }
-    // Multiple q is multiple q - 1 plus the shifted divisor, limb by limb;
-    // the sixteen shifts carry side by side rather than one after the other.
+    // q x each shifted divisor, q = 1..9, limb by limb without carries (each
+    // limb below 9 x 10^16): the remainder's limbs take any values.
     std::vector<int64_t> multiples(static_cast<std::size_t>(9 * DigitsPerLimb) * wl, 0);
     std::copy(shifted.begin(), shifted.end(), multiples.begin());
-    const auto at = [&](int q, int r) { return (static_cast<std::size_t>(q - 1) * DigitsPerLimb + static_cast<std::size_t>(r)) * wl; };
-    for (int q = 2; q <= 9; ++q) {
-        int64_t carries[DigitsPerLimb] = {};
-        for (int32_t k = 0; k < wl; ++k) {
-            for (int r = 0; r < DigitsPerLimb; ++r) {
-                const int64_t v = multiples[at(q - 1, r) + k] + shifted[static_cast<std::size_t>(r) * wl + k] + carries[r];
-                carries[r] = v >= LimbBase ? 1 : 0;
-                multiples[at(q, r) + k] = v - LimbBase * carries[r];
-            }
-        }
+    for (std::size_t q = 1; q < 9; ++q) {
+        const int64_t* previous = &multiples[(q - 1) * DigitsPerLimb * wl];
+        int64_t* m = &multiples[q * DigitsPerLimb * wl];
+        for (std::size_t k = 0; k < static_cast<std::size_t>(DigitsPerLimb) * wl; ++k) m[k] = previous[k] + shifted[k];
     }
+    // The carry the limbs of q x (shifted divisor r) below limb j pass into
+    // limb j when carried: where those limbs fall below the window, the byte
+    // steps drop them carried, so that carry still counts. It lies in 0..q-1,
+    // and a limb whose product leaves at least q - 1 below the next multiple
+    // of 10^16 decides it whatever comes from below.
+    const auto droppedCarry = [&](int q, int64_t r, int64_t j) {
+        const int64_t* divisorLimbs = &shifted[static_cast<std::size_t>(r) * wl];
+        int64_t k = j - 1;
+        int64_t carry = 0;
+        for (; k >= 0; --k) {
+            const int64_t product = q * divisorLimbs[k];
+            carry = product / LimbBase;
+            if (product % LimbBase <= LimbBase - q) break;
+        }
+        if (k < 0) {
+            k = 0;   // from the bottom, where nothing comes in
+            carry = 0;
+        } else {
+            ++k;
+        }
+        for (; k < j; ++k) carry = (q * divisorLimbs[k] + carry) / LimbBase;
+        return carry;
+    };
 
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
     bignum_detail::LazyRemainder remainder(std::move(rem));
@@ -262,7 +279,8 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         const int32_t low = offset < 0 ? 0 : static_cast<int32_t>(offset);
         const int64_t top = offset + wl - 1;
         const int32_t high = top < nl - 1 ? static_cast<int32_t>(top) : nl - 1;
-        remainder.subtract(m, low, high, offset, lead.sign);
+        const int64_t carryIn = offset < 0 ? droppedCarry(q, r, -offset) : 0;
+        remainder.subtract(m, low, high, offset, lead.sign, carryIn);
         if (s <= lastDigit) {
             addSignedAt(quotient, q, lastDigit - s, lead.sign);
         } else {

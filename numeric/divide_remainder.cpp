@@ -1,12 +1,12 @@
 // The long division's remainder with deferred borrows: see divide_remainder.h.
 //
 // Bounds. Carried limbs lie in 0..10^16 with the sign of S (all of them <= 0
-// for a negative S). Every step moves each limb by less than 10^16, so
-// after k steps every limb below the top two is under (k + 1) x 10^16 in
-// magnitude and their sum under (k + 2) units of the limb below the top,
+// for a negative S). Every step moves each limb by less than 10^17, so
+// after k steps every limb below the top two is under (10 k + 1) x 10^16 in
+// magnitude and their sum under 10 k + 2 units of the limb below the top,
 // u = 10^(16 (top - 1)). The top two limbs give S / u to within those
-// k + 2 units; when both ends of that range have the same sign, the same
-// number of digits and the same three leading digits, so has S.
+// units; when both ends of that range have the same sign, the same number
+// of digits and the same three leading digits, so has S.
 #include "numeric/divide_remainder.h"
 
 #include <algorithm>
@@ -31,8 +31,12 @@ constexpr std::array<Wide, 39> WidePow10 = [] {
 }();
 
 // Steps between carries: limbs stay far inside 64 bits (the top one,
-// folded from two, below 10^18 + Drift x 10^16).
-constexpr int64_t MaxDrift = 256;
+// folded from two, below 10^18 + 10 x MaxDrift x 10^16).
+constexpr int64_t MaxDrift = 64;
+
+// What k steps can have moved the limbs below the top two, in units of the
+// lower of the two.
+int64_t slackAfter(int64_t steps) { return 10 * steps + 2; }
 
 // Decimal digits of 0 < x < 10^38, from its bit length.
 int digitCount(Wide x) {
@@ -95,14 +99,17 @@ LazyRemainder::LazyRemainder(std::vector<int64_t> limbs)
     while (zeroBelow_ < top_ && limbs_[static_cast<std::size_t>(zeroBelow_)] == 0) ++zeroBelow_;
 }
 
-void LazyRemainder::subtract(const int64_t* m, int32_t low, int32_t high, int64_t offset, int sign) {
+void LazyRemainder::subtract(const int64_t* m, int32_t low, int32_t high, int64_t offset, int sign, int64_t carryIn) {
     int64_t* l = limbs_.data();
     const int64_t* from = m - offset;
     if (sign > 0) {
         for (int32_t idx = low; idx <= high; ++idx) l[idx] -= from[idx];
+        l[0] -= carryIn;
     } else {
         for (int32_t idx = low; idx <= high; ++idx) l[idx] += from[idx];
+        l[0] += carryIn;
     }
+    if (carryIn != 0) low = 0;
     if (high > top_) top_ = high;
     if (low < dirtyLow_) dirtyLow_ = low;
     if (low < zeroBelow_) zeroBelow_ = low;
@@ -152,7 +159,7 @@ int64_t LazyRemainder::carryInto(int32_t i, int direction) const {
     // The carry into a limb is within -bound..bound - 1, so a limb whose
     // residue lies at least `bound` inside 0..10^16 passes on its own carry
     // whatever comes from below: the walk starts there (or at the bottom).
-    const int64_t bound = drift_ + 2;
+    const int64_t bound = slackAfter(drift_);
     int32_t j = i - 1;
     int64_t carry = 0;
     for (; j >= zeroBelow_; --j) {
@@ -206,7 +213,7 @@ LazyRemainder::Lead LazyRemainder::read() {
                 --digits;
                 y = magnitude * InversePow10[static_cast<std::size_t>(digits - 3)];
             }
-            const double spread = static_cast<double>(drift_ + 2) * InversePow10[static_cast<std::size_t>(digits - 3)] + y * 1e-13;
+            const double spread = static_cast<double>(slackAfter(drift_)) * InversePow10[static_cast<std::size_t>(digits - 3)] + y * 1e-13;
             // Truncation is the floor here: both ends are positive.
             const auto least = static_cast<int64_t>(y - spread);
             if (least >= 100 && least == static_cast<int64_t>(y + spread) && y + spread < 1000) {

@@ -10,7 +10,7 @@ namespace quorvel::bignum_detail {
 // A signed remainder S = sum of l_i x 10^(16 i). A step subtracts a multiple
 // of the divisor limb by limb, each limb on its own (no borrow waits for the
 // one below, so the loop runs on vectors), and the limbs drift out of
-// 0..10^16. What a step needs, the sign of S and the position and three
+// 0..10^16, each by less than 10^17 a step. What a step needs, the sign of S and the position and three
 // leading digits of |S|, is read from the top two limbs as long as the
 // drift below them cannot change it; otherwise, and every so many steps, the
 // limbs are carried in one pass, after which the top two limbs tell
@@ -27,9 +27,9 @@ public:
     };
     Lead read();
 
-    // S -= sign x m[idx - offset] x 10^(16 idx) for idx = low..high, every
-    // m below 10^16.
-    void subtract(const int64_t* m, int32_t low, int32_t high, int64_t offset, int sign);
+    // S -= sign x (m[idx - offset] x 10^(16 idx) for idx = low..high, and
+    // carryIn more at limb 0), every m and carryIn below 9 x 10^16.
+    void subtract(const int64_t* m, int32_t low, int32_t high, int64_t offset, int sign, int64_t carryIn);
 
 private:
     // The carry into limb i from the limbs below it, with their residue
