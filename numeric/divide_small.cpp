@@ -80,6 +80,16 @@ constexpr int64_t Pow10[] = {1,
 constexpr double InversePow10[] = {1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,
                                    1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18};
 
+// The units (row 0) and tens (row 1) digit of each pair 0..99.
+constexpr std::array<std::array<uint8_t, 100>, 2> DigitOfPair = [] {
+    std::array<std::array<uint8_t, 100>, 2> table{};
+    for (std::size_t pair = 0; pair < 100; ++pair) {
+        table[0][pair] = static_cast<uint8_t>(pair % 10);
+        table[1][pair] = static_cast<uint8_t>(pair / 10);
+    }
+    return table;
+}();
+
 // Number of decimal digits of 1 <= m < 10^18.
 int digitCount(int64_t m) {
     const int bits = 64 - std::countl_zero(static_cast<uint64_t>(m));
@@ -116,15 +126,14 @@ class Reciprocal {
 public:
     explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
     // The estimate falls short by at most two; the corrections are written
-    // as selections, not branches, which would be mispredicted about half
-    // the time.
+    // without branches, which would be mispredicted about half the time.
     uint64_t quotient(uint64_t x, uint64_t& remainder) const {
         uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
         uint64_t r = x - q * d_;
         for (int round = 0; round < 2; ++round) {
-            const bool over = r >= d_;
-            q += over ? 1 : 0;
-            r = over ? r - d_ : r;
+            const uint64_t over = r >= d_ ? 1 : 0;
+            q += over;
+            r -= over * d_;
         }
         remainder = r;
         return q;
@@ -291,9 +300,10 @@ public:
             while (p > 0) lower(p, W);
             subtrahend = dividedByPow10(subtrahend, static_cast<int>(-shift));
         }
-        const int before = W > 0 ? 1 : -1;
-        W -= before * subtrahend;
-        return {Outcome::Digit, before * q, s, shift >= 0};
+        // W is not zero here: its sign as a mask, subtrahend negated by it.
+        const int64_t negative = W >> 63;
+        W -= (subtrahend ^ negative) - negative;
+        return {Outcome::Digit, static_cast<int>((q ^ negative) - negative), s, shift >= 0};
     }
 
     // The whole division from the first step, as E: the correction pair
@@ -315,11 +325,13 @@ public:
 private:
 
     // The dividend's digit at window position p (0 outside the dividend).
+    // Without branches: which byte and which of its digits are as likely
+    // one way as the other.
     int digitAt(int32_t p) const {
         const int32_t k = p / 2 - (n_ - length_);
-        if (k < 0 || k >= length_) return 0;
-        const int pair = a_.digits[static_cast<std::size_t>(k)];
-        return (p % 2 == 0) ? pair % 10 : pair / 10;
+        const uint32_t inside = uint32_t{0} - (static_cast<uint32_t>(k) < static_cast<uint32_t>(length_) ? 1u : 0u);   // a mask
+        const int pair = a_.digits[static_cast<std::size_t>(static_cast<uint32_t>(k) & inside)];
+        return static_cast<int>(DigitOfPair[static_cast<std::size_t>(p % 2)][static_cast<std::size_t>(pair)] & inside);
     }
     void lower(int32_t& p, int64_t& W) const {
         --p;
