@@ -125,18 +125,15 @@ constexpr std::array<Wide, 37> WidePow10 = [] {
 class Reciprocal {
 public:
     explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
-    // The estimate falls short by at most two; the corrections are written
-    // without branches, which would be mispredicted about half the time.
+    // For x below 10^19 the estimate falls short by at most one (it is at
+    // least floor(x / d - x / 2^64)); the correction is a mask, not a branch,
+    // which would be mispredicted about half the time.
     uint64_t quotient(uint64_t x, uint64_t& remainder) const {
-        uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
-        uint64_t r = x - q * d_;
-        for (int round = 0; round < 2; ++round) {
-            const uint64_t over = r >= d_ ? 1 : 0;
-            q += over;
-            r -= over * d_;
-        }
-        remainder = r;
-        return q;
+        const uint64_t q = static_cast<uint64_t>((static_cast<WideUnsigned>(x) * inverse_) >> 64);
+        const uint64_t r = x - q * d_;
+        const uint64_t over = uint64_t{0} - (r >= d_ ? 1u : 0u);   // all ones when short
+        remainder = r - (over & d_);
+        return q - over;
     }
 
 private:
