@@ -1,6 +1,7 @@
 // Digit-level helpers of BigNum: normalisation, adding or subtracting at a
 // decimal position, one-digit shifts, digit and pair reads, and comparison.
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -143,17 +144,14 @@ void normalize(BigNum& a, int guard) {
         return 0;
     };
     if (k % 2 == 0) {
+        // Whole bytes up: byte i takes byte i - k/2, the guard lands just
+        // below the old bottom, zeros under it.
         const int32_t bytes = k / 2;
-        for (int32_t i = n - 1; i >= 0; --i) {
-            const int32_t from = i - bytes;
-            if (from >= 0) {
-                a.digits[i] = a.digits[from];
-            } else if (from == -1) {
-                a.digits[i] = static_cast<uint8_t>(guard);
-            } else {
-                a.digits[i] = 0;
-            }
-        }
+        uint8_t* d = a.digits.data();
+        if (bytes < n) std::memmove(d + bytes, d, static_cast<std::size_t>(n - bytes));
+        const int32_t guardAt = bytes - 1;
+        for (int32_t i = 0; i < guardAt && i < n; ++i) d[i] = 0;
+        if (guardAt < n) d[guardAt] = static_cast<uint8_t>(guard);
     } else {
         // New byte i takes the digits at 2i+1-k and 2i-k: the units digit of
         // byte i - m and the tens digit of byte i - m - 1 (k = 2m + 1), the
@@ -172,7 +170,12 @@ void normalize(BigNum& a, int guard) {
         const uint8_t* lower = d + (i - m - 1);
         uint8_t* target = out + i;
         const int32_t count = n - i;
-        for (int32_t j = 0; j < count; ++j) target[j] = static_cast<uint8_t>((upper[j] % 10) * 10 + lower[j] / 10);
+        // Sixteen-bit arithmetic: eight lanes to a vector rather than four.
+        for (int32_t j = 0; j < count; ++j) {
+            const auto high = static_cast<uint16_t>(upper[j]);
+            const auto low = static_cast<uint16_t>(lower[j]);
+            target[j] = static_cast<uint8_t>(static_cast<uint16_t>(high % 10u) * 10u + low / 10u);
+        }
         a.digits.swap(shifted);
     }
     if (k == 1 && guard % 10 >= 5) addAtDigit(a, 1, 0);
