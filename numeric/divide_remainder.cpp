@@ -22,6 +22,7 @@ namespace {
 constexpr int64_t Base = 10000000000000000;   // 10^16
 
 __extension__ using Wide = __int128;
+__extension__ using WideUnsigned = unsigned __int128;
 
 constexpr std::array<Wide, 39> WidePow10 = [] {
     std::array<Wide, 39> table{};
@@ -40,7 +41,7 @@ int64_t slackAfter(int64_t steps) { return 10 * steps + 2; }
 
 // Decimal digits of 0 < x < 10^38, from its bit length.
 int digitCount(Wide x) {
-    const auto high = static_cast<uint64_t>(static_cast<unsigned __int128>(x) >> 64);
+    const auto high = static_cast<uint64_t>(static_cast<WideUnsigned>(x) >> 64);
     const int bits = high != 0 ? 128 - std::countl_zero(high) : 64 - std::countl_zero(static_cast<uint64_t>(x));
     const int below = (bits * 1233) >> 12;   // floor(log10(2^bits)), one short at most
     return below + (x >= WidePow10[static_cast<std::size_t>(below)] ? 1 : 0);
@@ -111,23 +112,19 @@ void LazyRemainder::subtract(const int64_t* m, int32_t low, int32_t high, int64_
     }
     if (carryIn != 0) low = 0;
     if (high > top_) top_ = high;
-    if (low < dirtyLow_) dirtyLow_ = low;
     if (low < zeroBelow_) zeroBelow_ = low;
-    if (high > dirtyHigh_) dirtyHigh_ = high;
     ++drift_;
 }
 
-void LazyRemainder::carry(int sign) {
+void LazyRemainder::carryAll() {
     const auto count = static_cast<int32_t>(limbs_.size());
-    // Limbs into 0..10^16 (-10^16..0 when direction is -1) from limb `from`
-    // up to `to`; past `to` the pass stops once nothing carries, and when
-    // the limbs up there are zero (zerosAbove) it leaves the carry in the
-    // first of them. The top limb takes whatever is left.
-    // Returns the highest limb it wrote.
-    const auto carryUp = [&](int32_t from, int32_t to, int direction, bool zerosAbove) {
+    // Limbs from the lowest nonzero one up to top_ into 0..10^16 (-10^16..0
+    // when direction is -1); the carry left over goes to the zero limb above
+    // (or, at the end, into the last limb). Returns the highest limb written.
+    const auto carryUp = [&](int direction) {
         int64_t carry = 0;
-        for (int32_t i = from; i + 1 < count; ++i) {
-            if (i > to && (carry == 0 || zerosAbove)) {
+        for (int32_t i = zeroBelow_; i + 1 < count; ++i) {
+            if (i > top_) {
                 limbs_[static_cast<std::size_t>(i)] = carry * direction;
                 return i;
             }
@@ -138,21 +135,12 @@ void LazyRemainder::carry(int sign) {
         limbs_[static_cast<std::size_t>(count) - 1] += carry * direction;
         return count - 1;
     };
-    if (sign != 0 && sign == carriedSign_) {
-        // Limbs no step touched are in range for this sign already.
-        top_ = std::max(top_, carryUp(dirtyLow_, dirtyHigh_, sign, false));
-    } else {
-        // The sign unknown or changed: every limb from the lowest nonzero
-        // one, then, for a negative S, its magnitude carried and the sign
-        // given back.
-        top_ = std::max(top_, carryUp(zeroBelow_, top_, 1, true));
-        while (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] == 0) --top_;
-        carriedSign_ = top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] < 0 ? -1 : 1;
-        if (carriedSign_ < 0) top_ = std::max(top_, carryUp(zeroBelow_, top_, -1, true));
-    }
+    // The top limb then has S's sign; for a negative S its magnitude is
+    // carried again and the sign given back to every limb.
+    top_ = std::max(top_, carryUp(1));
+    while (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] == 0) --top_;
+    if (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] < 0) top_ = std::max(top_, carryUp(-1));
     drift_ = 0;
-    dirtyLow_ = count;
-    dirtyHigh_ = -1;
 }
 
 int64_t LazyRemainder::carryInto(int32_t i, int direction) const {
@@ -179,7 +167,7 @@ int64_t LazyRemainder::carryInto(int32_t i, int direction) const {
 }
 
 LazyRemainder::Lead LazyRemainder::read() {
-    if (drift_ >= MaxDrift) carry(0);   // keeps every limb far inside 64 bits
+    if (drift_ >= MaxDrift) carryAll();   // keeps every limb far inside 64 bits
     for (;;) {
         while (top_ >= 0 && limbs_[static_cast<std::size_t>(top_)] == 0) --top_;
         if (top_ < 0) return {};

@@ -10,11 +10,11 @@ namespace quorvel::bignum_detail {
 // A signed remainder S = sum of l_i x 10^(16 i). A step subtracts a multiple
 // of the divisor limb by limb, each limb on its own (no borrow waits for the
 // one below, so the loop runs on vectors), and the limbs drift out of
-// 0..10^16, each by less than 10^17 a step. What a step needs, the sign of S and the position and three
-// leading digits of |S|, is read from the top two limbs as long as the
-// drift below them cannot change it; otherwise, and every so many steps, the
-// limbs are carried in one pass, after which the top two limbs tell
-// exactly.
+// 0..10^16, each by less than 10^17 a step. What a step needs, the sign of S
+// and the position and three leading digits of |S|, is read from the top
+// two limbs as long as the drift below them cannot change it; otherwise the
+// carry the limbs below pass up is worked out exactly. Every so many steps
+// the limbs are carried in one pass, which keeps them far inside 64 bits.
 class LazyRemainder {
 public:
     // The magnitude of the dividend, limbs in 0..10^16.
@@ -36,18 +36,14 @@ private:
     // left in 0..10^16 (direction 1), or the same on -S (direction -1).
     int64_t carryInto(int32_t i, int direction) const;
 
-    // Carries the limbs into 0..10^16 with S's sign, which is `sign` (0 when
-    // not known). Limbs no step touched since the last carry with the same
-    // sign are left as they are.
-    void carry(int sign);
+    // Carries every limb into 0..10^16 with S's sign (-10^16..0 for a
+    // negative S); S stays the same.
+    void carryAll();
 
     std::vector<int64_t> limbs_;
-    int32_t top_;               // no nonzero limb above
-    int64_t drift_ = 0;         // steps since the limbs were last carried
-    int carriedSign_ = 1;       // the sign of the limbs at the last carry
-    int32_t dirtyLow_ = 0;      // the limbs steps touched since then
-    int32_t dirtyHigh_ = -1;
-    int32_t zeroBelow_ = 0;     // every limb below this one is zero
+    int32_t top_;             // no nonzero limb above
+    int64_t drift_ = 0;       // steps since the limbs were last carried
+    int32_t zeroBelow_ = 0;   // every limb below this one is zero
 };
 
 }  // namespace quorvel::bignum_detail

@@ -121,7 +121,7 @@ constexpr std::array<Wide, 37> WidePow10 = [] {
 }();
 
 // floor(x / d) for a divisor fixed over many divisions, by a multiply with
-// its reciprocal and at most two corrections instead of a division.
+// its reciprocal and one correction instead of a division.
 class Reciprocal {
 public:
     explicit Reciprocal(uint64_t d) : d_(d), inverse_(~uint64_t{0} / d) {}
@@ -320,7 +320,6 @@ public:
     static constexpr int MaxTailDigits = 32;
 
 private:
-
     // The dividend's digit at window position p (0 outside the dividend).
     // Without branches: which byte and which of its digits are as likely
     // one way as the other.
