@@ -9,6 +9,7 @@ namespace quorvel {
 
 using elementary_detail::constant;
 using elementary_detail::divideByInt;
+using elementary_detail::divideBySmallForSum;
 using elementary_detail::magnitude;
 using elementary_detail::multiplyByInt;
 using elementary_detail::negated;
@@ -42,7 +43,7 @@ void AtanSeries(MathContext& math, BigNum& y) {
     BigNum sum = y;
     for (int32_t denominator = 3;; denominator += 2) {
         power = multiply(power, minusYSquared);
-        const BigNum term = divideByInt(power, denominator);
+        const BigNum term = divideBySmallForSum(power, denominator, sum);
         sum = add(sum, term);
         if (math.PollAbort() || termIsNegligible(term, bound)) break;
     }

@@ -315,11 +315,20 @@ public:
     // the replay cannot tell.
     bool runTail(int tailDigits, std::vector<uint8_t>& prefix, std::vector<Wide>& ends) const;
 
+    // E's digits above the last `tailDigits` (even, 20 to 2L - 4),
+    // the tail left zero, when the digits below cannot change them (see
+    // runTop); false otherwise.
+    bool runTop(int tailDigits, std::vector<uint8_t>& e) const;
+
     // 9 x 10^(MaxTailDigits + 3), the largest offset a digit adds, stays
     // inside 128 bits.
     static constexpr int MaxTailDigits = 32;
 
 private:
+    // E without its last tailDigits digits, m0 (see runTail), and r0; false
+    // when a nonzero byte of it would land above E.
+    bool prefix(int tailDigits, std::vector<uint8_t>& e, int64_t& r0) const;
+
     // The dividend's digit at window position p (0 outside the dividend).
     // Without branches: which byte and which of its digits are as likely
     // one way as the other.
@@ -406,11 +415,9 @@ bool Replay::runWhole(std::vector<uint8_t>& e) const {
 // candidates whose remainders meet agree from then on, so after the first
 // one a candidate stops as soon as it reaches a remainder the first one had
 // (while no digits have been dropped, equal offsets mean equal remainders).
-bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>& ends) const {
+bool Replay::prefix(int tailDigits, std::vector<uint8_t>& e, int64_t& r0) const {
     const int64_t T = 2 * static_cast<int64_t>(length_) - tailDigits;
-    if (T < 2 * tailDigits) return false;   // short values: the whole division is as quick
     const int32_t sh = static_cast<int32_t>(shiftOf(T + 1));   // odd: tailDigits + 3 - 2 lb
-
     // m0 = floor(A / (B x 10^sh)) and r0 = that division's remainder over
     // 10^sh, from A' = floor(A / 10^(sh - 1)), whose digits are whole bytes
     // of the window, divided by 10 B: fourteen digits at a time when 10 B
@@ -432,8 +439,16 @@ bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>&
     } else {
         divided = divideInChunks<4>(d, count, divisor, e, at, rest);
     }
-    if (!divided) return false;
-    const int64_t r0 = static_cast<int64_t>(rest / 10);
+    r0 = static_cast<int64_t>(rest / 10);
+    return divided;
+}
+
+bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>& ends) const {
+    const int64_t T = 2 * static_cast<int64_t>(length_) - tailDigits;
+    if (T < 2 * tailDigits) return false;   // short values: the whole division is as quick
+    const int32_t sh = static_cast<int32_t>(shiftOf(T + 1));
+    int64_t r0 = 0;
+    if (!prefix(tailDigits, e, r0)) return false;
     const bool belowIsNonzero = lowestNonzero_ < sh;
     // |remainder| < 10^(2n - 1 - T), that is |r0 + j B + fraction| < 10^(2 lb)
     // for m = m0 - j, the fraction being the dividend's digits below sh.
@@ -473,6 +488,20 @@ bool Replay::runTail(int tailDigits, std::vector<uint8_t>& e, std::vector<Wide>&
         if (std::find(ends.begin(), ends.end(), offset) == ends.end()) ends.push_back(offset);
     }
     return haveFirst;
+}
+
+// The top. E differs from the exact quotient A / (B x 10^(sh - tailDigits))
+// by far less than 10^4 units of its last digit (the final remainder and
+// the digits q x divisor dropped below the window are that small), and the
+// exact quotient is m0 x 10^tailDigits + (r0 + F) / B x 10^tailDigits, F in
+// 0..1 from the dividend's digits below sh. With 1 <= r0 <= B - 2 that last
+// part stays at least 10^tailDigits / B, at least 10^10 units, away from 0
+// and from 10^tailDigits: E's digits above the tail are m0's, and the
+// rounding at its end cannot carry up into them.
+bool Replay::runTop(int tailDigits, std::vector<uint8_t>& e) const {
+    int64_t r0 = 0;
+    if (!prefix(tailDigits, e, r0)) return false;
+    return r0 >= 1 && r0 <= divisorValue_ - 2;
 }
 
 // E = m0 x 10^tailDigits (in e already) + the offset, with carries; the top
@@ -583,5 +612,31 @@ BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail) {
 }
 
 BigNum divideBySmall(const BigNum& a, int32_t v) { return divideBySmallWith(a, v, true); }
+
+BigNum divideBySmallForSum(const BigNum& a, int32_t v, const BigNum& sum) {
+    const int32_t length = a.length();
+    const int32_t divisorLength = length < 6 ? length : 6;
+    const BigNum b = fromInt(divisorLength, v);
+    if (v <= 0 || b.length() != divisorLength || !a.isFinite() || a.isZero() || !sum.isFinite() || sum.isZero() ||
+        sum.length() != length) {
+        return divideBySmall(a, v);
+    }
+    // E's digit i stands for 10^(X - 2L - 1 + i), X the quotient's exponent
+    // before normalising (the result's exponent is X - 1, X or above); the
+    // sum reads digits down to 10^(exponent - 2 length - 1) when the term's
+    // exponent is not above its own. Two digits of margin.
+    const int64_t X = static_cast<int64_t>(a.exponent) - b.exponent;
+    const int64_t readFrom = static_cast<int64_t>(sum.exponent) - 2 * static_cast<int64_t>(sum.length()) - 1;
+    int64_t tailDigits = readFrom - (X - 2 * static_cast<int64_t>(length) - 1) - 2;
+    tailDigits -= tailDigits % 2;
+    if (X + 2 > sum.exponent || tailDigits < 20 || wrapsInt32(X)) return divideBySmall(a, v);
+    // A term wholly below the sum still needs its leading digits (its
+    // exponent stops the series).
+    if (tailDigits > 2 * static_cast<int64_t>(length) - 4) tailDigits = 2 * static_cast<int64_t>(length) - 4;
+    const Replay replay(a, b);
+    std::vector<uint8_t> e;
+    if (!replay.runTop(static_cast<int>(tailDigits), e)) return divideBySmall(a, v);
+    return finish(e, length, X, static_cast<int8_t>(a.sign * b.sign));
+}
 
 }  // namespace quorvel::elementary_detail

@@ -16,6 +16,13 @@ BigNum divideBySmall(const BigNum& a, int32_t v);
 // off (the whole division replayed step by step): identical results.
 BigNum divideBySmallWith(const BigNum& a, int32_t v, bool fromTail);
 
+// a / v as a series term added to `sum`: the digits add(sum, term) reads,
+// the exponent and the sign are those of divideBySmall(a, v); digits below
+// what the sum reads may be left zero (the division then stops where the
+// sum's guard ends, and its tail is not replayed). divideBySmall itself
+// where that cannot be made sure.
+BigNum divideBySmallForSum(const BigNum& a, int32_t v, const BigNum& sum);
+
 // a / v for a small positive integer v, at a's length.
 inline BigNum divideByInt(const BigNum& a, int32_t v) { return divideBySmall(a, v); }
 
