@@ -241,9 +241,9 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         int64_t k = j - 1;
         int64_t carry = 0;
         for (; k >= 0; --k) {
-            const int64_t product = q * divisorLimbs[k];
-            carry = product / LimbBase;
-            if (product % LimbBase <= LimbBase - q) break;
+            const auto product = static_cast<uint64_t>(q * divisorLimbs[k]);   // unsigned: cheaper division
+            carry = static_cast<int64_t>(product / LimbBase);
+            if (product % LimbBase <= static_cast<uint64_t>(LimbBase - q)) break;
         }
         if (k < 0) {
             k = 0;   // from the bottom, where nothing comes in
@@ -251,7 +251,7 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         } else {
             ++k;
         }
-        for (; k < j; ++k) carry = (q * divisorLimbs[k] + carry) / LimbBase;
+        for (; k < j; ++k) carry = static_cast<int64_t>(static_cast<uint64_t>(q * divisorLimbs[k] + carry) / LimbBase);
         return carry;
     };
 

@@ -173,22 +173,21 @@ LazyRemainder::Lead LazyRemainder::read() {
         if (top_ < 0) return {};
         const int64_t upper = limbs_[static_cast<std::size_t>(top_)];
         const int64_t lower = top_ > 0 ? limbs_[static_cast<std::size_t>(top_) - 1] : 0;
-        const Wide exactTop = top_ > 0 ? static_cast<Wide>(upper) * Base + lower : upper;
         const int64_t unitPosition = top_ > 0 ? 16 * static_cast<int64_t>(top_ - 1) : 0;
-        if (top_ >= 2 && (exactTop < 0 ? -exactTop : exactTop) < WidePow10[18]) {
+        // The top two limbs in a double (within a few parts in 10^16).
+        const double v = static_cast<double>(upper) * static_cast<double>(Base) + static_cast<double>(lower);
+        const double magnitude = v < 0 ? -v : v;
+        if (top_ >= 2 && magnitude < 1e18) {
             // Fold the top limb into the one below (the value fits 64 bits):
             // the leading digits then sit in the top two limbs again.
-            limbs_[static_cast<std::size_t>(top_) - 1] = static_cast<int64_t>(exactTop);
+            limbs_[static_cast<std::size_t>(top_) - 1] = static_cast<int64_t>(static_cast<Wide>(upper) * Base + lower);
             limbs_[static_cast<std::size_t>(top_)] = 0;
             --top_;
             continue;
         }
         if (top_ >= 2) {
-            // Nearly always: the top two limbs in a double, and the digits
-            // read from it when neither its rounding nor the limbs below can
-            // move them.
-            const double v = static_cast<double>(upper) * static_cast<double>(Base) + static_cast<double>(lower);
-            const double magnitude = v < 0 ? -v : v;
+            // Nearly always: the digits read from the double when neither its
+            // rounding nor the limbs below can move them.
             // The digits of V: those of the top limb and sixteen more (one
             // fewer or more where the limb below carries across).
             int digits = digitCount(upper < 0 ? -upper : upper) + 16;
@@ -208,25 +207,26 @@ LazyRemainder::Lead LazyRemainder::read() {
                 return {v > 0 ? 1 : -1, unitPosition + digits - 1, static_cast<int>(least)};
             }
         }
+        const Wide exactTop = top_ > 0 ? static_cast<Wide>(upper) * Base + lower : upper;
         // Exact, for a value at a digit boundary such as 75000...: the top two
         // limbs with the carry from all below, which leaves 0..u below them
         // (u the unit of the lower one), on S or, when S is negative, on -S.
-        Wide magnitude = exactTop;
+        Wide exact = exactTop;
         int sign = 1;
         if (top_ >= 2) {
-            magnitude += carryInto(top_ - 1, 1);   // the top two are 10^18 or more: the sign is that of exactTop
-            if (magnitude < 0) {
+            exact += carryInto(top_ - 1, 1);   // the top two are near 10^18 or more: the sign is that of exactTop
+            if (exact < 0) {
                 sign = -1;
-                magnitude = -exactTop + carryInto(top_ - 1, -1);
+                exact = -exactTop + carryInto(top_ - 1, -1);
             }
-        } else if (magnitude < 0) {
+        } else if (exact < 0) {
             sign = -1;
-            magnitude = -magnitude;
+            exact = -exact;
         }
-        if (magnitude == 0) return {};   // only with top_ <= 1: nothing below
-        const int digits = digitCount(magnitude);
-        const int leading = digits >= 3 ? static_cast<int>(topDigits(magnitude, digits - 3))
-                                        : static_cast<int>(magnitude * static_cast<Wide>(digits == 1 ? 100 : 10));
+        if (exact == 0) return {};   // only with top_ <= 1: nothing below
+        const int digits = digitCount(exact);
+        const int leading = digits >= 3 ? static_cast<int>(topDigits(exact, digits - 3))
+                                        : static_cast<int>(exact * static_cast<Wide>(digits == 1 ? 100 : 10));
         return {sign, unitPosition + digits - 1, leading};
     }
 }
