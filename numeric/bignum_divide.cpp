@@ -236,23 +236,24 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
     // steps drop them carried, so that carry still counts. It lies in 0..q-1,
     // and a limb whose product leaves at least q - 1 below the next multiple
     // of 10^16 decides it whatever comes from below.
+    std::vector<std::pair<uint64_t, uint64_t>> walked;   // limbs split on the way down
     const auto droppedCarry = [&](int q, int64_t r, int64_t j) {
         const int64_t* divisorLimbs = &shifted[static_cast<std::size_t>(r) * wl];
-        int64_t k = j - 1;
-        int64_t carry = 0;
-        for (; k >= 0; --k) {
+        walked.clear();
+        uint64_t carry = 0;
+        for (int64_t k = j - 1; k >= 0; --k) {
             const auto product = static_cast<uint64_t>(q * divisorLimbs[k]);   // unsigned: cheaper division
-            carry = static_cast<int64_t>(product / LimbBase);
-            if (product % LimbBase <= static_cast<uint64_t>(LimbBase - q)) break;
+            const uint64_t c = product / LimbBase;
+            const uint64_t residue = product - c * LimbBase;
+            if (residue <= static_cast<uint64_t>(LimbBase - q)) {
+                carry = c;
+                break;
+            }
+            walked.emplace_back(c, residue);
         }
-        if (k < 0) {
-            k = 0;   // from the bottom, where nothing comes in
-            carry = 0;
-        } else {
-            ++k;
-        }
-        for (; k < j; ++k) carry = static_cast<int64_t>(static_cast<uint64_t>(q * divisorLimbs[k] + carry) / LimbBase);
-        return carry;
+        // Back up, each limb taking the carry from below (below q).
+        for (auto it = walked.rbegin(); it != walked.rend(); ++it) carry = it->first + (it->second + carry >= static_cast<uint64_t>(LimbBase) ? 1 : 0);
+        return static_cast<int64_t>(carry);
     };
 
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;

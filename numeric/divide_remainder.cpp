@@ -146,22 +146,26 @@ void LazyRemainder::carryAll() {
 int64_t LazyRemainder::carryInto(int32_t i, int direction) const {
     // The carry into a limb is within -bound..bound - 1, so a limb whose
     // residue lies at least `bound` inside 0..10^16 passes on its own carry
-    // whatever comes from below: the walk starts there (or at the bottom).
+    // whatever comes from below: the walk down starts there, or at the
+    // bottom. On the way down each limb is split into carry and residue
+    // once; on the way up each then takes its carry with an addition and a
+    // comparison (a remainder such as 1000...0001 walks far).
     const int64_t bound = slackAfter(drift_);
-    int32_t j = i - 1;
+    walked_.clear();
     int64_t carry = 0;
-    for (; j >= zeroBelow_; --j) {
+    for (int32_t j = i - 1; j >= zeroBelow_; --j) {
         const int64_t x = limbs_[static_cast<std::size_t>(j)] * direction;
-        if (x == 0) continue;
         const int64_t c = floorDiv(x, Base);
         const int64_t residue = x - c * Base;
         if (residue >= bound && residue < Base - bound) {
             carry = c;
             break;
         }
+        walked_.push_back({c, residue});
     }
-    for (int32_t m = j < zeroBelow_ ? zeroBelow_ : j + 1; m < i; ++m) {
-        carry = floorDiv(limbs_[static_cast<std::size_t>(m)] * direction + carry, Base);
+    for (auto it = walked_.rbegin(); it != walked_.rend(); ++it) {
+        const int64_t v = it->residue + carry;   // the carry is far smaller than 10^16
+        carry = it->carry + (v >= Base ? 1 : 0) - (v < 0 ? 1 : 0);
     }
     return carry;
 }

@@ -44,6 +44,11 @@ private:
     int32_t top_;             // no nonzero limb above
     int64_t drift_ = 0;       // steps since the limbs were last carried
     int32_t zeroBelow_ = 0;   // every limb below this one is zero
+    struct Split {
+        int64_t carry;
+        int64_t residue;
+    };
+    mutable std::vector<Split> walked_;   // carryInto's limbs on the way down
 };
 
 }  // namespace quorvel::bignum_detail
