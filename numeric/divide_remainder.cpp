@@ -8,6 +8,7 @@
 // units; when both ends of that range have the same sign, the same number
 // of digits and the same three leading digits, so has S.
 #include "numeric/divide_remainder.h"
+#include "numeric/wide_integer.h"
 
 #include <algorithm>
 #include <array>
@@ -21,15 +22,6 @@ namespace {
 
 constexpr int64_t Base = 10000000000000000;   // 10^16
 
-__extension__ using Wide = __int128;
-__extension__ using WideUnsigned = unsigned __int128;
-
-constexpr std::array<Wide, 39> WidePow10 = [] {
-    std::array<Wide, 39> table{};
-    table[0] = 1;
-    for (std::size_t k = 1; k < table.size(); ++k) table[k] = table[k - 1] * 10;
-    return table;
-}();
 
 // Steps between carries: limbs stay far inside 64 bits (the top one,
 // folded from two, below 10^18 + 10 x MaxDrift x 10^16).

@@ -27,12 +27,16 @@
 #include "numeric/bignum.h"
 #include "numeric/bignum_detail.h"
 #include "numeric/division_step_table.h"
+#include "numeric/wide_integer.h"
 #include "numeric/elementary_detail.h"
 
 namespace quorvel::elementary_detail {
 
 using bignum_detail::incrementExponent;
 using bignum_detail::StepRow;
+using bignum_detail::Wide;
+using bignum_detail::WidePow10;
+using bignum_detail::WideUnsigned;
 using bignum_detail::wrapsInt32;
 
 namespace {
@@ -107,18 +111,6 @@ int64_t dividedByPow10(int64_t m, int k) {
     return q;
 }
 
-// 128-bit integers (gcc and clang) for the tail's quotient offsets and the
-// reciprocal's products.
-__extension__ using Wide = __int128;
-__extension__ using WideUnsigned = unsigned __int128;
-
-// 10^k as 128-bit integers, k = 0..36.
-constexpr std::array<Wide, 37> WidePow10 = [] {
-    std::array<Wide, 37> table{};
-    table[0] = 1;
-    for (std::size_t k = 1; k < table.size(); ++k) table[k] = table[k - 1] * 10;
-    return table;
-}();
 
 // floor(x / d) for a divisor fixed over many divisions, by a multiply with
 // its reciprocal and one correction instead of a division.
