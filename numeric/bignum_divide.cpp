@@ -257,6 +257,9 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
     };
 
     const int64_t lastDigit = 2 * static_cast<int64_t>(length) - 1;
+    // Signed quotient digits from the bottom (digit s from the top at
+    // lastDigit - s), carried once at the end.
+    std::vector<int32_t> digits(2 * quotient.size(), 0);
     bignum_detail::LazyRemainder remainder(std::move(rem));
     const bignum_detail::StepRow& steps = bignum_detail::stepRow(divisorTop);
     const int64_t stepLimit = 20 * (2 * static_cast<int64_t>(n) + 10);
@@ -283,10 +286,21 @@ void stepsOnLimbs(const BigNum& a, const BigNum& b, int32_t length, std::vector<
         const int64_t carryIn = offset < 0 ? droppedCarry(q, r, -offset) : 0;
         remainder.subtract(m, low, high, offset, lead.sign, carryIn);
         if (s <= lastDigit) {
-            addSignedAt(quotient, q, lastDigit - s, lead.sign);
+            digits[static_cast<std::size_t>(lastDigit - s)] += lead.sign * q;
         } else {
             correction += lead.sign * q * (s == lastDigit + 1 ? 10 : 1);
         }
+    }
+    // The signed digits carried into the quotient's bytes, modulo their range
+    // (the byte steps' additions drop what leaves the top): the same bytes.
+    int32_t carry = 0;
+    for (std::size_t byte = 0; byte < quotient.size(); ++byte) {
+        // A pair of signed digits and the carry; the floor division by 100
+        // keeps the pair in 0..99 for negative values too.
+        const int32_t value = digits[2 * byte] + 10 * digits[2 * byte + 1] + carry;
+        const int32_t pair = ((value % 100) + 100) % 100;
+        carry = (value - pair) / 100;
+        quotient[byte] = static_cast<uint8_t>(pair);
     }
 }
 
